@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "shell/common/calculation_state.h"
+
+namespace velta {
+
+/// What the main window asks of a calculation window.
+class CalculationWindow {
+ public:
+  virtual ~CalculationWindow() = default;
+
+  /// Prints as the window's own command does, but after the caller has returned.
+  virtual void PrintLater() = 0;
+  /// The report box as it stands, lines ended by CR LF.
+  virtual const std::string& ReportBoxText() const = 0;
+};
+
+/// The calculation windows that are loaded; each enters itself when it loads and leaves when it
+/// unloads.
+struct CalculationWindows {
+  CalculationWindow* single = nullptr;
+  CalculationWindow* progressive = nullptr;
+
+  /// The window of the current calculation, or null.
+  CalculationWindow* Current(const CalculationState& state) const {
+    return state.SingleIsCurrent ? single : progressive;
+  }
+};
+
+}  // namespace velta

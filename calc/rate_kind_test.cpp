@@ -1,0 +1,66 @@
+#include "calc/rate_kind.h"
+
+#include <gtest/gtest.h>
+
+namespace velta {
+namespace {
+
+constexpr Date Day(int y, unsigned m, unsigned d) {
+  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
+}
+
+struct InterestCase {
+  const char* name;
+  RateKind kind;
+  double amount;
+  float rate;
+  int days;
+  double expected;
+};
+
+class InterestTest : public ::testing::TestWithParam<InterestCase> {};
+
+TEST_P(InterestTest, FollowsTheFormulaOfItsKind) {
+  const InterestCase& c = GetParam();
+  EXPECT_NEAR(Interest(c.kind, c.amount, c.rate, c.days), c.expected, 1e-9);
+}
+
+// Figures by hand: amount × rate, moved by hundreds or thousands, times days, by 365 where yearly.
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, InterestTest,
+    ::testing::Values(
+        InterestCase{"PercentYearly", RateKind::kPercentYearly, 10000, 10, 365, 1000},
+        InterestCase{"LeapYearToo", RateKind::kPercentYearly, 10000, 10, 366, 1002.7397260274},
+        InterestCase{"PercentDaily", RateKind::kPercentDaily, 10000, 0.5F, 45, 2250},
+        // 0,05 in single precision is 0.0500000007450580596923828125
+        InterestCase{"SinglePrecision", RateKind::kPercentDaily, 10000000, 0.05F, 100,
+                     500000.007450580597},
+        InterestCase{"PerMilleDaily", RateKind::kPerMilleDaily, 10000, 0.5F, 45, 225},
+        InterestCase{"PerMilleYearly", RateKind::kPerMilleYearly, 10000, 85, 365, 850},
+        InterestCase{"Discount", RateKind::kDiscount, 10000, 2, 102, 55.8904109589},
+        InterestCase{"NoDays", RateKind::kPercentYearly, 10000, 10, 0, 0},
+        InterestCase{"NoAmount", RateKind::kPerMilleDaily, 0, 10, 100, 0},
+        InterestCase{"NegativeRate", RateKind::kPercentDaily, 100, -1, 1, -1}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(RateKindTest, ReciprocalOrderOfOperationsWouldShow) {
+  // 4 927,50 Kč at 1 % for 100 days is exactly 13.5 only when divided in the stated order.
+  EXPECT_EQ(Interest(RateKind::kPercentYearly, 4927.5, 1, 100), 13.5);
+  EXPECT_EQ(Interest(RateKind::kPercentYearly, 4562.5, 1, 100), 12.5);
+}
+
+TEST(RateKindTest, TheDueDateDecidesTheBanksRegime) {
+  for (const RateKind bank : {RateKind::kDiscount, RateKind::kRepo}) {
+    EXPECT_EQ(RegimeFor(bank, Day(2005, 4, 27)), RateKind::kDiscount);
+    EXPECT_EQ(RegimeFor(bank, Day(2005, 4, 28)), RateKind::kRepo);
+  }
+  for (const RateKind typed : {RateKind::kPercentDaily, RateKind::kPercentYearly,
+                               RateKind::kPerMilleDaily, RateKind::kPerMilleYearly}) {
+    EXPECT_EQ(RegimeFor(typed, Day(2005, 4, 27)), typed);
+    EXPECT_EQ(RegimeFor(typed, Day(2005, 4, 28)), typed);
+    EXPECT_FALSE(IsBankKind(typed));
+  }
+}
+
+}  // namespace
+}  // namespace velta

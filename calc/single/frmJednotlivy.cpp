@@ -1,0 +1,304 @@
+#include "calc/single/frmJednotlivy.h"
+
+#include <utility>
+
+#include "calc/single/single_report.h"
+#include "shell/common/help.h"
+#include "shell/common/modPromenne.h"
+
+namespace velta {
+
+namespace {
+
+constexpr std::chrono::milliseconds kNextTurn{0};
+constexpr int kDefaultDelay = 15;  // days from the due date to today in a newly opened window
+
+// The largest whole amount that may be typed, and what stands in the box in place of a larger one.
+constexpr double kMaxAmount = 922337203685477;
+constexpr std::string_view kMaxAmountCrowns = "922 337 203 685 477";
+constexpr std::string_view kMaxAmountHellers = "58";
+
+}  // namespace
+
+frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
+                             CalculationWindows& calculations)
+    : Form(program, "frmJednotlivy"),
+      dtpSplatnost(*this, "dtpSplatnost", Today()),
+      dtpZaplaceni(*this, "dtpZaplaceni", Today()),
+      tmrRepo(*this, "tmrRepo", ui::Timer::Kind::kOneShot, kNextTurn),
+      tmrTiskVypoctu(*this, "tmrTiskVypoctu", ui::Timer::Kind::kOneShot, kNextTurn),
+      settings_(settings),
+      calculations_(calculations) {
+  cboDruhSazby.SetPlaceholder("Vyberte sazbu");
+  cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
+  txtReport.SetReadOnly();
+  txtReport.SetTabStops({5, 108});
+  WireEvents();
+  WireHints();
+}
+
+void frmJednotlivy::WireEvents() {
+  const auto compute = [this] { VypocitejJednotlivy(); };
+  On(dtpSplatnost.Change, "dtpSplatnost_Change", compute);
+  On(dtpZaplaceni.Change, "dtpZaplaceni_Change", compute);
+  On(txtVyseSazby.Change, "txtVyseSazby_Change", compute);
+  On(cboDruhSazby.Change, "cboDruhSazby_Change", [this] { cboDruhSazby_Change(); });
+  On(txtDluznaCastka.Change, "txtDluznaCastka_Change", [this] { txtDluznaCastka_Change(); });
+  On(txtDluznaCastka.KeyPress, "txtDluznaCastka_KeyPress", [this](ui::KeyPress& key) {
+    if (EnterMovesOn(key)) return;
+    key.text = DecimalKey(key.text, program_.platform.locale);
+  });
+  On(txtVyseSazby.KeyPress, "txtVyseSazby_KeyPress",
+     [this](ui::KeyPress& key) { key.text = DecimalKey(key.text, program_.platform.locale); });
+  On(cmdNovy.Click, "cmdNovy_Click", [this] { cmdNovy_Click(); });
+  On(cmdTiskVyp.Click, "cmdTiskVyp_Click", [this] { cmdTiskVyp_Click(); });
+  On(cmdTiskFa.Click, "cmdTiskFa_Click", [this] { cmdTiskFa_Click(); });
+  On(cmdHelp.Click, "cmdHelp_Click", [this] { OpenHelp(program_, HelpTopic::kSingle); });
+  On(cmdKonec.Click, "cmdKonec_Click", [this] { Close(); });
+  On(tmrRepo.Tick, "tmrRepo_Timer", [this] { tmrRepo_Timer(); });
+  On(tmrTiskVypoctu.Tick, "tmrTiskVypoctu_Timer", [this] { cmdTiskVyp.Click.Raise(); });
+}
+
+void frmJednotlivy::WireHints() {
+  for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
+    Hints(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně",
+          "Vyberte datum klepnutím na šipku");
+  }
+  Hints(txtDluznaCastka, "Zadejte dlužnou částku", std::nullopt);
+  Hints(txtVyseSazby, "Zadejte výši úrokové sazby", std::nullopt);
+  Hints(cboDruhSazby, "Vyberte z nabídky druh sazby ",
+        std::nullopt);  // the blank at its end is meant
+  Hints(cmdNovy, "Nový výpočet", "Nový výpočet");
+  Hints(cmdTiskVyp, "Tisk výpočtu", "Tisk výpočtu");
+  Hints(cmdTiskFa, "Tisk faktury", "Tisk faktury");
+  Hints(cmdKonec, "Zavřít okno", "Zavřít okno");
+  Hints(cmdHelp, "Vyvolá nápovědu s tématem", "Vyvolá nápovědu s tématem");
+  Hints(lblPocetDnu, std::nullopt, "Trvání dluhu ve dnech");
+  Hints(lblPenale, std::nullopt, "Vypočtený úrok z prodlení");
+  Hints(lblPenaleDluh, std::nullopt, "Úrok z prodlení s dlužnou částkou");
+  for (ui::Frame* frame : {&fraDatJed, &fraDluJed, &fraVysJed}) SurfaceHint(*frame);
+}
+
+void frmJednotlivy::OnLoad() {
+  CalculationState& state = program_.state;
+  if (state.ProgressiveFormOpen) program_.windows.Unload("frmPostupny");
+  calculations_.single = this;
+  state.SingleFormOpen = true;
+  state.SingleIsCurrent = true;
+  state.CalculationFinished = false;
+  state.LastCalculationKind = CalculationKind::kSingle;
+
+  SetCaption("Jednotlivý výpočet");
+  fraDatJed.SetCaption("Zadání data");
+  fraDluJed.SetCaption("Zadání dlužné částky a sazby");
+  fraVysJed.SetCaption("Výsledek");
+  cmdNovy.SetCaption("Nový &výpočet");
+  cmdTiskVyp.SetCaption("&Tisk výpočtu");
+  cmdTiskFa.SetCaption("Tisk &faktury");
+  cmdKonec.SetCaption("&Konec");
+  cmdHelp.SetCaption("&Nápověda");
+  constexpr std::array<const char*, 8> kLabels = {"Zadejte datum splatnosti faktury",
+                                                  "Zadejte datum zaplacení faktury",
+                                                  "Trvání dluhu ve dnech",
+                                                  "Dlužná částka",
+                                                  "Druh sazby",
+                                                  "Penále za zadané období",
+                                                  "Penále + dlužná částka",
+                                                  "Výše sazby"};
+  for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
+
+  dtpSplatnost.SetDay(AddDays(Today(), -kDefaultDelay));
+  for (const std::string_view text : kRateKindTexts) cboDruhSazby.AddItem(std::string(text));
+  cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
+
+  bank_rates_ = std::make_unique<BankRates>(program_, [this] { tmrRepo.SetEnabled(true); });
+  bank_rates_->Load();
+  ShowReport("");
+}
+
+void frmJednotlivy::OnUnload() {
+  CancelRepo();
+  tmrTiskVypoctu.SetEnabled(false);
+  ClearResults();
+  program_.state.SingleIsCurrent = false;
+  program_.state.CalculationFinished = false;
+  calculations_.single = nullptr;
+  bank_rates_.reset();
+}
+
+void frmJednotlivy::cboDruhSazby_Change() {
+  program_.status.ShowHint("Vybraná sazba : " + cboDruhSazby.text());
+  const bool bank_kind = IsBankKind(Kind());
+  if (bank_kind) txtVyseSazby.SetText("");
+  txtVyseSazby.SetEnabled(!bank_kind);
+  txtVyseSazby.SetBackground(bank_kind ? ui::Background::kFace : ui::Background::kWindow);
+  if (bank_kind) program_.state.RateValue = 0;
+  VypocitejJednotlivy();
+}
+
+void frmJednotlivy::txtDluznaCastka_Change() {
+  if (txtDluznaCastka.text().empty()) return;
+  const ui::LocaleFormat& locale = program_.platform.locale;
+  if (!IsNumeric(txtDluznaCastka.text(), locale)) {
+    txtDluznaCastka.SetText("");
+    Message(ui::Icon::kCritical, "Zde je nutné zadat číslo");
+    return;
+  }
+  if (!limiting_amount_ && LeadingNumber(txtDluznaCastka.text()) > kMaxAmount) {
+    Message(
+        ui::Icon::kCritical,
+        "Maximální hodnota proměnné typu měna je 922 337 203 685 477,58 Kč\r\n pro větší hodnotu "
+        "nelze použít");
+    // The limit looks at the whole part only where the comma is the separator; with a point the
+    // largest amount is itself above it and must not be refused again.
+    limiting_amount_ = true;
+    txtDluznaCastka.SetText(std::string(kMaxAmountCrowns) + GetDecimalSep(locale) +
+                            std::string(kMaxAmountHellers));
+    limiting_amount_ = false;
+    return;
+  }
+  VypocitejJednotlivy();
+}
+
+void frmJednotlivy::VypocitejJednotlivy() {
+  Guarded("VypocitejJednotlivy", [this] {
+    CalculationState& state = program_.state;
+    const ui::LocaleFormat& locale = program_.platform.locale;
+
+    const Date due_date = dtpSplatnost.day();
+    const Date payment_date = dtpZaplaceni.day();
+    state.PaymentDate = payment_date;
+    state.DueDate = due_date;
+    SwitchRegime();
+    if (due_date >= payment_date) {
+      Message(ui::Icon::kCritical, "Datum zaplacení je chybně zadáno");
+      return;
+    }
+    state.DaysLate = DaysBetween(due_date, payment_date);
+    lblPocetDnu.SetCaption(std::to_string(state.DaysLate));
+
+    if (!IsNumeric(txtDluznaCastka.text(), locale)) return;
+    state.BaseAmount = ToMoney(txtDluznaCastka.text(), locale);
+    const RateKind kind = Kind();
+    state.RateKindText = cboDruhSazby.text();
+    if (!IsBankKind(kind)) {
+      if (!IsNumeric(txtVyseSazby.text(), locale)) return;
+      state.RateValue = ToRate(txtVyseSazby.text(), locale);
+    }
+
+    CancelRepo();
+    CalculationResult inputs;
+    inputs.due_date = due_date;
+    inputs.payment_date = payment_date;
+    inputs.days = state.DaysLate;
+    inputs.base_amount = state.BaseAmount;
+    inputs.kind = kind;
+    if (kind == RateKind::kRepo) {
+      if (!bank_rates_->StartRepo(due_date, payment_date)) return;
+      // Until tmrRepo runs, on the next turn of the loop, the labels show the previous interest.
+      pending_ = std::move(inputs);
+      ShowInterest(state.InterestAmount, state.BaseAmount);
+      return;
+    }
+    if (kind == RateKind::kDiscount) {
+      const std::optional<Rate> rate = bank_rates_->DiscountRate(due_date);
+      if (!rate) return;
+      txtVyseSazby.SetText(PlainText(*rate, locale));  // a new text computes once within
+      state.RateValue = *rate;
+    }
+    inputs.rate = state.RateValue;
+    ShowInterest(Interest(kind, state.BaseAmount.ToDouble(), inputs.rate, inputs.days),
+                 inputs.base_amount);
+    Finish(std::move(inputs));
+  });
+}
+
+void frmJednotlivy::SwitchRegime() {
+  const RateKind lawful = RegimeFor(Kind(), dtpSplatnost.day());
+  if (lawful == Kind()) return;
+  Message(ui::Icon::kInformation,
+          lawful == RateKind::kRepo ? "Měním na REPO sazbu" : "Měním na DISKONTNÍ sazbu");
+  cboDruhSazby.SetIndex(static_cast<int>(lawful));
+}
+
+void frmJednotlivy::tmrRepo_Timer() {
+  CalculationState& state = program_.state;
+  state.CalculationFinished = true;
+  CalculationResult result = std::exchange(pending_, std::nullopt).value();
+  result.periods = bank_rates_->repo().periods();
+  // The total is rounded after every period and once more at the end. With periods of 132,7397,
+  // 441,0959 and 320,5479 Kč rounding up to 10 haléř gives 894,50 Kč and not 894,40 Kč.
+  double interest = 0;
+  for (const InterestPeriod& period : result.periods) {
+    interest = settings_.ApplyRounding(interest + period.interest);
+  }
+  ShowInterest(interest, result.base_amount);
+  Finish(std::move(result));
+}
+
+void frmJednotlivy::ShowInterest(double interest, Money base_amount) {
+  CalculationState& state = program_.state;
+  const ui::LocaleFormat& locale = program_.platform.locale;
+  state.InterestAmount = settings_.ApplyRounding(interest);
+  state.AmountWithInterest = Money::FromDouble(state.InterestAmount) + base_amount;
+  lblPenale.SetCaption(CurrencyText(state.InterestAmount, locale));
+  lblPenaleDluh.SetCaption(CurrencyText(state.AmountWithInterest, locale));
+  state.CalculationFinished = true;
+}
+
+void frmJednotlivy::Finish(CalculationResult result) {
+  result.interest = program_.state.InterestAmount;
+  result.amount_with_interest = program_.state.AmountWithInterest;
+  ShowReport(SingleReport(result, program_.platform.locale));
+  result_ = std::move(result);
+}
+
+void frmJednotlivy::ShowReport(std::string text) {
+  txtReport.SetText(text);
+  program_.state.ReportText = std::move(text);
+}
+
+void frmJednotlivy::CancelRepo() {
+  if (bank_rates_) bank_rates_->CancelRepo();
+  tmrRepo.SetEnabled(false);
+  pending_.reset();
+}
+
+void frmJednotlivy::ClearResults() {
+  CalculationState& state = program_.state;
+  state.RateValue = 0;
+  state.DaysLate = 0;
+  state.BaseAmount = Money();
+  state.InterestAmount = 0;
+  state.AmountWithInterest = Money();
+}
+
+void frmJednotlivy::cmdNovy_Click() {
+  CancelRepo();
+  ClearResults();
+  // The amount first: without it, emptying the rate of the discount kind does not find it anew.
+  txtDluznaCastka.SetText("");
+  txtVyseSazby.SetText("");
+  ShowReport("");
+  lblPenale.SetCaption("");
+  lblPenaleDluh.SetCaption("");
+  dtpZaplaceni.SetDay(Today());
+}
+
+void frmJednotlivy::cmdTiskVyp_Click() {
+  if (!program_.state.CalculationFinished) {
+    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    return;
+  }
+  throw Error(ErrorNumber::kPrinter);  // the program cannot print yet
+}
+
+void frmJednotlivy::cmdTiskFa_Click() {
+  if (!program_.state.CalculationFinished) {
+    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    return;
+  }
+  program_.windows.Open("frmFaktura");
+}
+
+}  // namespace velta

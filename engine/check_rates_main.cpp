@@ -1,0 +1,15 @@
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "engine/check_rates.h"
+
+int main(int argc, char** argv) {
+  try {
+    return velta::CheckRates(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr);
+  } catch (const std::exception& error) {
+    std::cerr << "velta-check-rates: " << error.what() << '\n';
+    return 2;
+  }
+}

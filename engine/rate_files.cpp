@@ -1,0 +1,91 @@
+#include "engine/rate_files.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "shell/common/error.h"
+#include "shell/common/modPromenne.h"
+
+namespace velta {
+namespace {
+
+/// The law adds this many percentage points to the repo rate.
+constexpr double kRepoSurcharge = 7.0;
+
+int WholeNumber(std::string_view text) {
+  text = Trimmed(text);
+  const char* const end = text.data() + text.size();
+  int number = 0;
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec == std::errc::result_out_of_range) throw Error(ErrorNumber::kOverflow);
+  if (result.ec != std::errc() || result.ptr != end) throw Error(ErrorNumber::kTypeMismatch);
+  return number;
+}
+
+Date ParseDottedDate(std::string_view text) {
+  const std::size_t first = text.find('.');
+  const std::size_t second = first == text.npos ? text.npos : text.find('.', first + 1);
+  if (second == text.npos) throw Error(ErrorNumber::kTypeMismatch);
+  const int day = WholeNumber(text.substr(0, first));
+  const int month = WholeNumber(text.substr(first + 1, second - first - 1));
+  return DateFromParts(WholeNumber(text.substr(second + 1)), month, day);
+}
+
+}  // namespace
+
+std::string_view Trimmed(std::string_view text) {
+  // Ctrl-Z: with it old editors end a file.
+  constexpr std::string_view kBlanks = " \t\r\x1A";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string_view Columns(std::string_view line, std::size_t first, std::size_t width) {
+  return line.substr(std::min(first - 1, line.size()), width);
+}
+
+void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+  std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())),
+                     std::ios::binary);
+  if (!file) throw Error(FileExist(path) ? ErrorNumber::kPathAccess : ErrorNumber::kFileNotFound);
+  std::string bytes;
+  for (bool first = true; std::getline(file, bytes); first = false) {
+    std::string_view line = bytes;
+    if (first && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+    line = Trimmed(line);
+    if (!line.empty()) use(line);
+  }
+  if (file.bad()) throw Error(ErrorNumber::kDeviceError);
+}
+
+CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& locale) {
+  CnbRow row;
+  row.valid_from = ParseDottedDate(Columns(line, 1, kCnbFieldWidth));
+  const std::string_view valid_to = Columns(line, 20, kCnbFieldWidth);
+  row.valid_to = LeadingNumber(valid_to) > 0 ? ParseDottedDate(valid_to) : today;
+  row.discount_rate = Trimmed(Columns(line, 40, kCnbFieldWidth));
+  row.interest_rate = Trimmed(Columns(line, 61, kCnbFieldWidth));
+  const std::size_t comma = row.interest_rate.find(',');
+  if (GetDecimalSep(locale) != "," && comma != std::string::npos) row.interest_rate[comma] = '.';
+  return row;
+}
+
+RepoRow ParseRepoRow(std::string_view line, const ui::LocaleFormat& locale) {
+  RepoRow row;
+  const int day = WholeNumber(Columns(line, 1, 2));
+  const int month = WholeNumber(Columns(line, 3, 2));
+  row.start = DateFromParts(WholeNumber(Columns(line, 5, 4)), month, day);
+  std::string repo_rate(Columns(line, 9, line.npos));
+  if (GetDecimalSep(locale) == ".") std::replace(repo_rate.begin(), repo_rate.end(), ',', '.');
+  // Added in double and narrowed once: a sum in single precision would show as 7,5299997.
+  row.rate = static_cast<Rate>(ToDouble(repo_rate, locale) + kRepoSurcharge);
+  return row;
+}
+
+}  // namespace velta

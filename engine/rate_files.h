@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "shell/common/date.h"
+#include "shell/common/number_text.h"
+#include "ui/locale.h"
+
+/// The two rate tables in the program's folder: text in fixed columns, one row a line, in ascending
+/// order of date. They are only read, and never sorted: whoever uses them relies on their order.
+namespace velta {
+
+/// Hands every line to `use`, without the blanks around it; lines that are empty then are left out.
+/// Lines end with CR LF or LF; a byte order mark and a closing Ctrl-Z do not count. `path` is
+/// UTF-8. No such file: Error 53. A file that cannot be opened: Error 75, or read: Error 57.
+/// Whatever was handed out before an error, also before one that `use` throws, was handed out for
+/// good.
+void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use);
+
+/// What stands in `width` columns of a line from column `first` on (they count from 1), with its
+/// blanks; less where the line is shorter, "" behind its end.
+std::string_view Columns(std::string_view line, std::size_t first, std::size_t width);
+
+/// Without the blanks on both sides.
+std::string_view Trimmed(std::string_view text);
+
+inline constexpr const char* kCnbFile = "cnb.dat";
+inline constexpr const char* kRepoFile = "repo.dat";
+
+/// The width of every field of cnb.dat. The fields begin in columns 1, 20, 40 and 61.
+inline constexpr std::size_t kCnbFieldWidth = 19;
+
+/// A period in which one discount rate was in force.
+struct CnbRow {
+  Date valid_from;
+  Date valid_to;              ///< inclusive
+  std::string discount_rate;  ///< as it stands in the file; for show only
+  std::string interest_rate;  ///< per cent a year, a number of the user's locale
+};
+
+/// `today` ends a row that is still in force. A date that is none: Error 13, one outside the
+/// calendar: Error 5. The rates are not looked at.
+CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& locale);
+
+/// A half-year and its rate of interest.
+struct RepoRow {
+  Date start;  ///< 1 January or 1 July
+  Rate rate;   ///< per cent a year: the repo rate of that day and the seven points on top of it
+};
+
+/// "010120052,50" is 1.1.2005 and 9.5. A date or rate that is none: Error 13, a date outside the
+/// calendar: Error 5.
+RepoRow ParseRepoRow(std::string_view line, const ui::LocaleFormat& locale);
+
+}  // namespace velta

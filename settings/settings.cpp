@@ -1,0 +1,80 @@
+#include "settings/settings.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+
+#include "shell/common/error.h"
+#include "shell/common/modPromenne.h"
+
+namespace velta {
+
+namespace {
+
+constexpr std::string_view kSection = "Settings";
+constexpr std::string_view kDoneKey = "Hotovo";
+constexpr std::string_view kNoRounding = "NE";
+constexpr std::string_view kItemText = "Fakturujeme Vám úroky z prodlení dle výpočtu";
+
+struct Key {
+  std::string_view name;
+  std::string_view first_run_value;  // tells the user what belongs there, and prints until replaced
+  std::string_view default_value;    // when the key is missing
+  std::string ProgramSettings::*field;
+};
+
+// In the order in which the first run writes them.
+constexpr std::array<Key, 13> kKeys{{
+    {"Nazev", "Název vaší firmy", "", &ProgramSettings::Nazev},
+    {"Ulice", "Sídlo vaší firmy", "", &ProgramSettings::Ulice},
+    {"PSC", "PSC", "", &ProgramSettings::PSC},
+    {"Obec", "Obec", "", &ProgramSettings::Obec},
+    {"ICO", "ICO", "", &ProgramSettings::ICO},
+    {"DIC", "DIC", "", &ProgramSettings::DIC},
+    {"Banka", "Číslo účtu a kód banky", "", &ProgramSettings::Banka},
+    {"Rejstrik", "Dodavatel je zapsán...", "", &ProgramSettings::Rejstrik},
+    {"TextRadku", kItemText, kItemText, &ProgramSettings::TextRadku},
+    {"Dovetek0", "Zde můžete zadat libovolný text", "", &ProgramSettings::Dovetek0},
+    {"Dovetek1", "například slogan Vaší firmy apod.", "", &ProgramSettings::Dovetek1},
+    {"Dovetek2", "Tento text bude vytištěn na faktuře", "", &ProgramSettings::Dovetek2},
+    {"Zaokrouhlit", "halere", "", &ProgramSettings::Zaokrouhlit},
+}};
+
+}  // namespace
+
+std::string Settings::GetSetting(std::string_view key, std::string_view default_value) const {
+  std::optional<std::string> value;
+  if (!program_.platform.settings_store.Read(program_.platform.program_folder.ExecutableName(),
+                                             kSection, key, value)) {
+    throw Error(ErrorNumber::kPathAccess);
+  }
+  return value ? *std::move(value) : std::string(default_value);
+}
+
+void Settings::SaveSetting(std::string_view key, std::string_view value) {
+  if (!program_.platform.settings_store.Write(program_.platform.program_folder.ExecutableName(),
+                                              kSection, key, value)) {
+    throw Error(ErrorNumber::kPathAccess);
+  }
+}
+
+bool Settings::IsInitialised() const { return !GetSetting(kDoneKey).empty(); }
+
+void Settings::InitialiseFirstRun() {
+  for (const Key& key : kKeys) SaveSetting(key.name, key.first_run_value);
+  SaveSetting(kDoneKey, "Ano");
+}
+
+void Settings::LoadProgramSettings() {
+  for (const Key& key : kKeys) record_.*key.field = GetSetting(key.name, key.default_value);
+  // Not a default of the reading: a key that is there but empty means no rounding as well.
+  if (record_.Zaokrouhlit.empty()) record_.Zaokrouhlit = kNoRounding;
+}
+
+double Settings::ApplyRounding(double total) const {
+  if (RoundingMode() == "koruny") return std::nearbyint(total);
+  if (RoundingMode() == "halere") return RoundUp(total, 1, program_.errors);
+  return total;
+}
+
+}  // namespace velta

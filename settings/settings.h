@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shell/common/program.h"
+
+namespace velta {
+
+/// The firm's data, the invoice texts and the rounding rule as the program works with them. They
+/// are read once, when the main window loads; what the settings dialog writes takes effect at the
+/// next start, on purpose. One field for each key of the store, named like it.
+struct ProgramSettings {
+  std::string Nazev;
+  std::string Ulice;
+  std::string PSC;
+  std::string Obec;
+  std::string ICO;
+  std::string DIC;
+  std::string Banka;
+  std::string Rejstrik;
+  std::string TextRadku;
+  std::string Dovetek0;
+  std::string Dovetek1;
+  std::string Dovetek2;
+  std::string Zaokrouhlit;
+};
+
+/// The settings: their keys in the store, their first-run values and the record in memory.
+/// A failure of the store throws Error 75.
+class Settings {
+ public:
+  explicit Settings(Program& program) : program_(program) {}
+
+  /// The stored text as it stands, or `default_value` where the key is missing.
+  std::string GetSetting(std::string_view key, std::string_view default_value = "") const;
+  void SaveSetting(std::string_view key, std::string_view value);
+
+  /// Whether the first run is behind us: "Hotovo" is not empty.
+  bool IsInitialised() const;
+
+  /// Writes the first-run value of every key, "Hotovo" last: where it fails part way, the next
+  /// start does it all again.
+  void InitialiseFirstRun();
+
+  /// Reads the record from the store. A missing rounding rule becomes "NE".
+  void LoadProgramSettings();
+
+  const ProgramSettings& record() const { return record_; }
+  /// The rounding rule in force: "NE", "halere" or "koruny", or whatever word is stored.
+  const std::string& RoundingMode() const { return record_.Zaokrouhlit; }
+
+  /// A final interest total in crowns by the rounding rule:
+  ///   "halere"  up to the next 0.10 Kč (RoundUp with one place): 1234.41 gives 1234.50
+  ///   "koruny"  to the nearest crown, ties to the even one: 100.50 gives 100, 101.50 gives 102
+  ///   else      unchanged
+  /// "koruny" is not upward, whatever its label in the dialog says; that is the rule that users
+  /// rely on.
+  double ApplyRounding(double total) const;
+
+ private:
+  Program& program_;
+  ProgramSettings record_;
+};
+
+}  // namespace velta

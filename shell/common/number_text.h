@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shell/common/money.h"
+#include "ui/locale.h"
+
+/// Numbers as text and back, in the user's own form. The test IsNumeric and the conversions To…
+/// read by one and the same scanner, so that what passes the test converts.
+///
+/// Accepted: blanks, a sign ("+" or "-"), digits with grouping between them (blank, U+00A0, U+202F
+/// or the locale's group sign), the locale's decimal separator with or without digits on either
+/// side, blanks, "Kč". At least one digit is needed. So "5,", ",5", "10 000,50 Kč" are numbers, "",
+/// ",", "-", "1.5" (in a comma locale), "1e3" and "5 %" are not.
+namespace velta {
+
+/// A yearly or daily rate in per cent or per mille. It is kept in single precision, and widened to
+/// double where interest is computed: a typed 0,05 counts as 0.05000000074505806.
+using Rate = float;
+
+bool IsNumeric(std::string_view text, const ui::LocaleFormat& locale);
+
+/// Exact to four decimals, ties to the even one: "12,00005" is 12.0000, "12,00015" is 12.0002.
+/// Not a number: Error 13. Out of range: Error 6.
+Money ToMoney(std::string_view text, const ui::LocaleFormat& locale);
+
+/// The nearest double or single. Not a number: Error 13. Out of range: Error 6.
+double ToDouble(std::string_view text, const ui::LocaleFormat& locale);
+Rate ToRate(std::string_view text, const ui::LocaleFormat& locale);
+
+/// The number that a text begins with, whatever the locale: blanks are skipped, also inside, "." is
+/// the decimal separator, reading ends before the first other character; nothing readable is 0.
+/// "31.12.2005" gives 31.12, "922 337,58" gives 922337, "abc" gives 0; never an error, what is
+/// beyond the range of double is infinite.
+double LeadingNumber(std::string_view text);
+
+/// The plain text of a value: the locale's decimal separator, no grouping, no trailing zeros, never
+/// an exponent, no "-0". A double has up to 15 significant digits ("115,068493150685"), an amount
+/// its up to four decimals ("41,1"), a rate the shortest text that reads back to the same single
+/// ("9,05").
+std::string PlainText(double value, const ui::LocaleFormat& locale);
+std::string PlainText(Money amount, const ui::LocaleFormat& locale);
+std::string PlainText(Rate rate, const ui::LocaleFormat& locale);
+
+/// A fixed number of decimals, rounded half away from zero on the value's 15-digit decimal
+/// text: 1.005 with two decimals is "1,01". No grouping; a value that rounds to zero has no sign.
+std::string FixedText(double value, int decimals, const ui::LocaleFormat& locale);
+
+/// Crowns for people: two decimals rounded half away from zero on the decimal text, grouping by
+/// threes, a blank and "Kč", in every locale: "1 234,50 Kč", "-1 234,50 Kč", "1,234.50 Kč".
+std::string CurrencyText(Money amount, const ui::LocaleFormat& locale);
+std::string CurrencyText(double amount, const ui::LocaleFormat& locale);
+
+}  // namespace velta

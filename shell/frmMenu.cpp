@@ -1,0 +1,180 @@
+#include "shell/frmMenu.h"
+
+#include <algorithm>
+
+#include "shell/common/addresses.h"
+#include "shell/common/error.h"
+#include "shell/common/help.h"
+#include "shell/common/modPromenne.h"
+
+namespace velta {
+
+namespace {
+
+constexpr std::chrono::seconds kClockRefresh{1};
+
+std::string WithoutAccessKey(std::string caption) {
+  caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
+  return caption;
+}
+
+/// The hourglass, for as long as it is in scope.
+class BusyPointer {
+ public:
+  explicit BusyPointer(ui::Window& window) : window_(window) { window_.SetBusy(true); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+  ~BusyPointer() { window_.SetBusy(false); }
+
+ private:
+  ui::Window& window_;
+};
+
+}  // namespace
+
+frmMenu::frmMenu(Program& program, Settings& settings, const CalculationWindows& calculations)
+    : Form(program, "frmMenu", ui::WindowKind::kMain),
+      Timer1(*this, "Timer1", ui::Timer::Kind::kPeriodic, kClockRefresh),
+      settings_(settings),
+      calculations_(calculations) {
+  WireCommands();
+  for (ui::Frame* frame : {&fraTop, &picPodklad, &picSTB}) SurfaceHint(*frame);
+  On(Timer1.Tick, "Timer1_Timer", [this] { ShowTime(); });
+}
+
+frmMenu::~frmMenu() { program_.status.Attach(nullptr); }
+
+void frmMenu::WireCommands() {
+  WireOpener(mnuJednotlivyVypocet, "frmJednotlivy");
+  WireOpener(mnuPostupnyVypocet, "frmPostupny");
+  WireOpener(mnuNastaveni, "frmNastaveni");
+  On(mnuTiskVypoctu.Click, "mnuTiskVypoctu_Click", [this] { mnuTiskVypoctu_Click(); });
+  On(mnuVystavitFakturu.Click, "mnuVystavitFakturu_Click", [this] { mnuVystavitFakturu_Click(); });
+  On(mnuKopirovat.Click, "mnuKopirovat_Click", [this] { mnuKopirovat_Click(); });
+  On(mnuKalkulacka.Click, "mnuKalkulacka_Click",
+     [this] { StartProgram("calc.exe", "Program Kalkulačka nebyl nalezen"); });
+  On(mnuPoznamky.Click, "mnuPoznamky_Click",
+     [this] { StartProgram("notepad.exe", "Program Poznámkový blok nebyl nalezen"); });
+  On(mnuObsah.Click, "mnuObsah_Click", [this] { OpenHelp(program_, std::nullopt); });
+  WireOpener(mnuOProgramu, "frmAbout");
+  On(mnuNaseStranky.Click, "mnuNaseStranky_Click", [this] {
+    if (!program_.platform.opener.Open(kHomePage)) throw Error(ErrorNumber::kBadArgument);
+  });
+  WireOpener(mnuVersionHistory, "frmHistory");
+  On(mnuKonecProgramu.Click, "mnuKonecProgramu_Click", [this] { Close(); });
+
+  const std::array<ui::MenuItem*, 13> commands = {
+      &mnuJednotlivyVypocet, &mnuPostupnyVypocet, &mnuNastaveni,
+      &mnuTiskVypoctu,       &mnuVystavitFakturu, &mnuKopirovat,
+      &mnuKalkulacka,        &mnuPoznamky,        &mnuObsah,
+      &mnuOProgramu,         &mnuNaseStranky,     &mnuVersionHistory,
+      &mnuKonecProgramu};
+  for (std::size_t i = 0; i < cmdMenu.size(); ++i) {
+    ui::Button& button = cmdMenu.at(i);
+    ui::MenuItem& item = *commands.at(i);
+    button.SetTakesFocus(false);
+    On(button.Click, "cmdMenu_Click", [&item] { item.UserClick(); });
+    // A button is its menu item in another shape: named and enabled like it.
+    item.Updated.Connect([&item, &button](ui::Aspect) {
+      button.SetToolTip(WithoutAccessKey(item.caption()));
+      button.SetEnabled(item.enabled());
+    });
+  }
+}
+
+void frmMenu::WireOpener(ui::MenuItem& item, const char* window) {
+  On(item.Click, item.name() + "_Click", [this, window] { program_.windows.Open(window); });
+}
+
+void frmMenu::OnLoad() {
+  program_.status.Attach(&lblMSG);
+  SetCaptions();
+  SetHelpFile();
+  program_.status.ClearHint();
+  program_.state.CalculationFinished = false;
+  // Windows that this version does not have yet can't be opened.
+  mnuPostupnyVypocet.SetEnabled(program_.windows.Knows("frmPostupny"));
+  mnuNastaveni.SetEnabled(program_.windows.Knows("frmNastaveni"));
+  mnuOProgramu.SetEnabled(program_.windows.Knows("frmAbout"));
+  mnuVersionHistory.SetEnabled(program_.windows.Knows("frmHistory"));
+  Timer1.SetEnabled(true);
+  settings_.LoadProgramSettings();
+  ShowTime();
+}
+
+void frmMenu::SetCaptions() {
+  SetCaption(std::string(kTitle));
+  mnuVypocty.SetCaption("&Výpočty");
+  mnuJednotlivyVypocet.SetCaption("&Jednotlivý výpočet");
+  mnuPostupnyVypocet.SetCaption("&Postupný výpočet");
+  mnuNastaveni.SetCaption("&Nastavení programu");
+  mnuZpracovani.SetCaption("&Zpracování");
+  mnuTiskVypoctu.SetCaption("&Tisk výpočtu");
+  mnuVystavitFakturu.SetCaption("&Vystavit fakturu");
+  mnuKopirovat.SetCaption("&Kopírovat výpočet do schránky");
+  mnuOstatni.SetCaption("&Ostatní");
+  mnuKalkulacka.SetCaption("&Kalkulačka");
+  mnuPoznamky.SetCaption("&Zápisník");
+  mnuNapoveda.SetCaption("&Nápověda");
+  mnuObsah.SetCaption("&Obsah");
+  mnuCaraNapoveda.SetCaption("-");
+  mnuOProgramu.SetCaption("O &programu");
+  mnuNaseStranky.SetCaption("Naše www stránky");
+  mnuVersionHistory.SetCaption("Historie verzí");
+  mnuKonec.SetCaption("&Konec");
+  mnuKonecProgramu.SetCaption("&Konec programu");
+}
+
+void frmMenu::SetHelpFile() {
+  Guarded("SetHelpFile",
+          [this] { help_file_ = ProgramFile(program_.platform.program_folder, kHelpFileName); });
+}
+
+void frmMenu::ShowTime() {
+  const ui::Moment now = program_.platform.clock.Now();
+  lblDatum.SetCaption(ShortDateText(now.day, program_.platform.locale) + "   " +
+                      ShortTimeText(now.time));
+}
+
+void frmMenu::OnUnload() {
+  Timer1.SetEnabled(false);
+  Guarded("MDIForm_QueryUnload", [this] { program_.platform.help_viewer.CloseAll(); });
+  program_.windows.UnloadAllBut(name());
+  program_.platform.event_loop.Quit();
+}
+
+void frmMenu::mnuTiskVypoctu_Click() {
+  CalculationWindow* current = calculations_.Current(program_.state);
+  if (!program_.state.CalculationFinished || current == nullptr) {
+    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    return;
+  }
+  const BusyPointer busy(*this);
+  current->PrintLater();
+}
+
+void frmMenu::mnuVystavitFakturu_Click() {
+  if (!program_.state.CalculationFinished) {
+    // The same words as for printing, on purpose.
+    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    return;
+  }
+  program_.windows.Open("frmFaktura");
+}
+
+void frmMenu::mnuKopirovat_Click() {
+  const CalculationWindow* current = calculations_.Current(program_.state);
+  if (!program_.state.CalculationFinished || current == nullptr) {
+    Message(ui::Icon::kCritical, "Zadání nelze kopírovat, není úplné");
+    return;
+  }
+  if (!program_.platform.clipboard.SetText(current->ReportBoxText())) {
+    throw Error(ErrorNumber::kClipboard);
+  }
+}
+
+void frmMenu::StartProgram(const char* program, const char* not_found) {
+  if (!program_.platform.launcher.Start(program)) Message(ui::Icon::kCritical, not_found);
+}
+
+}  // namespace velta

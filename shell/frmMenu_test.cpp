@@ -1,0 +1,373 @@
+#include "shell/frmMenu.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "calc/single/frmJednotlivy.h"
+#include "shell/velta.h"
+#include "ui/memory/memory_platform.h"
+
+namespace velta {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr Date Day(int y, unsigned m, unsigned d) {
+  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
+}
+
+constexpr const char* kNotFinished = "Výpočet ještě není dokončen, nelze tisknout";
+constexpr const char* kNotComplete = "Zadání nelze kopírovat, není úplné";
+
+class OtherWindow final : public Form {
+ public:
+  OtherWindow(Program& program, const std::string& name) : Form(program, name) {}
+
+ private:
+  void OnLoad() override {}
+};
+
+class frmMenuTest : public ::testing::Test {
+ protected:
+  frmMenuTest() { memory_.program_folder.path = VELTA_SOURCE_DIR "/data"; }
+
+  frmMenu& Start() {
+    velta_.Start();
+    memory_.event_loop.RunUntilIdle();
+    menu_ = dynamic_cast<frmMenu*>(windows().Find("frmMenu"));
+    EXPECT_NE(menu_, nullptr);
+    return *menu_;
+  }
+  Windows& windows() { return velta_.program().windows; }
+  CalculationState& state() { return velta_.program().state; }
+
+  /// Lets this program know a window that it may not have yet.
+  void Register(const std::string& name) {
+    windows().Register(
+        name, [this, name] { return std::make_unique<OtherWindow>(velta_.program(), name); });
+  }
+
+  frmJednotlivy& FinishSingle() {
+    menu_->mnuJednotlivyVypocet.UserClick();
+    auto& single = dynamic_cast<frmJednotlivy&>(*windows().Find("frmJednotlivy"));
+    single.dtpSplatnost.UserPick(Day(2025, 11, 21));
+    single.txtDluznaCastka.UserEdit("10000");
+    single.txtVyseSazby.UserEdit("10");
+    EXPECT_TRUE(state().CalculationFinished);
+    return single;
+  }
+
+  std::vector<std::string> Shown() {
+    std::vector<std::string> texts;
+    for (const auto& box : memory_.message_box.shown) {
+      EXPECT_EQ(box.icon, ui::Icon::kCritical);
+      EXPECT_EQ(box.caption, "Velta");
+      texts.push_back(box.text);
+    }
+    memory_.message_box.shown.clear();
+    return texts;
+  }
+
+  ui::MemoryPlatform memory_;
+  Velta velta_{memory_.platform(), {}};
+  frmMenu* menu_ = nullptr;
+};
+
+TEST_F(frmMenuTest, OpensWithItsCaptions) {
+  Start();
+  EXPECT_EQ(menu_->caption(), "Velta");
+  std::vector<std::pair<std::string, std::string>> items;
+  for (ui::Control* control : menu_->controls()) {
+    if (auto* item = dynamic_cast<ui::MenuItem*>(control)) {
+      items.emplace_back(item->name(), item->caption());
+    }
+  }
+  const std::vector<std::pair<std::string, std::string>> expected = {
+      {"mnuVypocty", "&Výpočty"},
+      {"mnuJednotlivyVypocet", "&Jednotlivý výpočet"},
+      {"mnuPostupnyVypocet", "&Postupný výpočet"},
+      {"mnuNastaveni", "&Nastavení programu"},
+      {"mnuZpracovani", "&Zpracování"},
+      {"mnuTiskVypoctu", "&Tisk výpočtu"},
+      {"mnuVystavitFakturu", "&Vystavit fakturu"},
+      {"mnuKopirovat", "&Kopírovat výpočet do schránky"},
+      {"mnuOstatni", "&Ostatní"},
+      {"mnuKalkulacka", "&Kalkulačka"},
+      {"mnuPoznamky", "&Zápisník"},
+      {"mnuNapoveda", "&Nápověda"},
+      {"mnuObsah", "&Obsah"},
+      {"mnuCaraNapoveda", "-"},
+      {"mnuOProgramu", "O &programu"},
+      {"mnuNaseStranky", "Naše www stránky"},
+      {"mnuVersionHistory", "Historie verzí"},
+      {"mnuKonec", "&Konec"},
+      {"mnuKonecProgramu", "&Konec programu"},
+  };
+  EXPECT_EQ(items, expected);
+  EXPECT_EQ(menu_->lblMSG.caption(), "Připraven");
+  EXPECT_EQ(menu_->lblDatum.caption(), "21.11.2026   12:00");
+  EXPECT_FALSE(state().CalculationFinished);
+  EXPECT_FALSE(state().SingleIsCurrent);
+}
+
+TEST_F(frmMenuTest, ClockFollowsTheTime) {
+  Start();
+  memory_.clock.now = {Day(2026, 1, 15), std::chrono::hours(9) + std::chrono::minutes(5)};
+  memory_.event_loop.Advance(std::chrono::seconds(1));
+  EXPECT_EQ(menu_->lblDatum.caption(), "15.1.2026   9:05");
+  memory_.clock.now.time += std::chrono::minutes(1);
+  memory_.event_loop.Advance(std::chrono::seconds(1));
+  EXPECT_EQ(menu_->lblDatum.caption(), "15.1.2026   9:06");
+}
+
+TEST_F(frmMenuTest, PointerOverTheBareWindowClearsTheHint) {
+  Start();
+  velta_.program().status.ShowHint("něco");
+  menu_->MouseMove.Raise();
+  EXPECT_EQ(menu_->lblMSG.caption(), "Připraven");
+  velta_.program().status.ShowHint("něco");
+  memory_.event_loop.Advance(std::chrono::minutes(2));
+  EXPECT_EQ(menu_->lblMSG.caption(), "něco") << "time clears no hint";
+}
+
+TEST_F(frmMenuTest, HelpFileIsRegisteredWithOneSeparator) {
+  struct Row {
+    const char* folder;
+    const char* separator;
+    const char* registered;
+    const char* opened;
+  };
+  for (const Row& row : {Row{"/opt/velta", "/", "/opt/velta/VELTA.CHM", "/opt/velta/VELTA.CHM"},
+                         Row{"/opt/velta/", "/", "/opt/velta/VELTA.CHM", "/opt/velta/VELTA.CHM"},
+                         Row{"C:\\Velta", "\\", "C:\\Velta\\VELTA.CHM", "C:\\Velta\\VELTA.CHM"},
+                         Row{"C:\\", "\\", "C:\\VELTA.CHM", "C:\\\\VELTA.CHM"}}) {
+    memory_.program_folder.path = row.folder;
+    memory_.program_folder.separator = row.separator;
+    EXPECT_EQ(Start().help_file(), row.registered);
+    menu_->mnuObsah.UserClick();
+    EXPECT_EQ(memory_.help_viewer.opened.back().file, row.opened);
+    EXPECT_EQ(memory_.help_viewer.opened.back().topic, std::nullopt);
+    windows().Unload("frmMenu");
+    memory_.event_loop.RunUntilIdle();
+  }
+}
+
+TEST_F(frmMenuTest, MissingHelpIsReported) {
+  Start();
+  memory_.help_viewer.fails = true;
+  menu_->mnuObsah.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
+                                   "(mnuObsah_Click) of (frmMenu.frm)."));
+}
+
+TEST_F(frmMenuTest, CommandsOnACalculationRefuseRightAfterStart) {
+  Start();
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kNotFinished));
+  Register("frmFaktura");
+  menu_->mnuVystavitFakturu.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kNotFinished));
+  EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
+  memory_.clipboard.text = "starý";
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kNotComplete));
+  EXPECT_EQ(memory_.clipboard.text, "starý");
+}
+
+TEST_F(frmMenuTest, PrintArmsTheWindowsTimerUnderTheHourglass) {
+  Start();
+  frmJednotlivy& single = FinishSingle();
+  std::vector<std::pair<bool, bool>> pointer_and_timer;
+  menu_->BusyChanged.Connect(
+      [&] { pointer_and_timer.emplace_back(menu_->busy(), single.tmrTiskVypoctu.enabled()); });
+  int printed = 0;
+  single.cmdTiskVyp.Click.Connect([&] { ++printed; });
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_THAT(pointer_and_timer, ElementsAre(std::pair(true, false), std::pair(false, true)));
+  EXPECT_EQ(printed, 0) << "only after the handler has returned";
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_EQ(printed, 1);
+}
+
+TEST_F(frmMenuTest, PrintIsStillAcceptedAfterNewCalculationAndAfterInvalidInput) {
+  Start();
+  frmJednotlivy& single = FinishSingle();
+  single.txtVyseSazby.UserEdit("x");
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_TRUE(single.tmrTiskVypoctu.enabled());
+  EXPECT_THAT(Shown(), IsEmpty());
+  single.tmrTiskVypoctu.SetEnabled(false);
+  single.cmdNovy.UserClick();
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_TRUE(single.tmrTiskVypoctu.enabled());
+  EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmMenuTest, CopyReplacesTheClipboardByTheReport) {
+  Start();
+  const frmJednotlivy& single = FinishSingle();
+  memory_.clipboard.text = "starý";
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_EQ(memory_.clipboard.text, single.txtReport.text());
+  EXPECT_EQ(memory_.clipboard.text.substr(0, 41), "Podklady pro výpočet úroku z prodlení");
+  EXPECT_EQ(memory_.clipboard.text.substr(memory_.clipboard.text.size() - 4), "**\r\n");
+}
+
+TEST_F(frmMenuTest, ClipboardThatCannotBeHadIsReported) {
+  Start();
+  FinishSingle();
+  memory_.clipboard.fails = true;
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 521 (Schránku nelze otevřít) v proceduře\r\n"
+                                   "(mnuKopirovat_Click) of (frmMenu.frm)."));
+}
+
+TEST_F(frmMenuTest, ClosedCalculationCannotBePrintedInvoicedOrCopied) {
+  Start();
+  FinishSingle().cmdKonec.UserClick();
+  menu_->mnuTiskVypoctu.UserClick();
+  menu_->mnuVystavitFakturu.UserClick();
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kNotFinished, kNotFinished, kNotComplete));
+}
+
+TEST_F(frmMenuTest, InvoiceOpensForAFinishedCalculation) {
+  Register("frmFaktura");
+  Start();
+  FinishSingle();
+  menu_->mnuVystavitFakturu.UserClick();
+  EXPECT_TRUE(windows().IsLoaded("frmFaktura"));
+  EXPECT_EQ(windows().active(), windows().Find("frmFaktura"));
+}
+
+TEST_F(frmMenuTest, OpenersOpenTheirWindowsOnce) {
+  const std::vector<std::pair<std::string, std::string>> openers = {
+      {"mnuPostupnyVypocet", "frmPostupny"},
+      {"mnuNastaveni", "frmNastaveni"},
+      {"mnuOProgramu", "frmAbout"},
+      {"mnuVersionHistory", "frmHistory"}};
+  for (const auto& [item, window] : openers) Register(window);
+  Start();
+  for (const auto& [item, window] : openers) {
+    auto& command = dynamic_cast<ui::MenuItem&>(*menu_->Find(item));
+    EXPECT_TRUE(command.UserClick());
+    const Form* opened = windows().Find(window);
+    ASSERT_NE(opened, nullptr) << item;
+    EXPECT_EQ(windows().active(), opened);
+    menu_->mnuJednotlivyVypocet.UserClick();
+    EXPECT_NE(windows().active(), opened);
+    command.UserClick();
+    EXPECT_EQ(windows().Find(window), opened) << "no second instance";
+    EXPECT_EQ(windows().active(), opened) << "but in front";
+  }
+}
+
+TEST_F(frmMenuTest, WindowsThatThisProgramLacksCannotBeOpened) {
+  Start();
+  for (const auto& [item, window] : std::vector<std::pair<ui::MenuItem*, const char*>>{
+           {&menu_->mnuJednotlivyVypocet, "frmJednotlivy"},
+           {&menu_->mnuPostupnyVypocet, "frmPostupny"},
+           {&menu_->mnuNastaveni, "frmNastaveni"},
+           {&menu_->mnuOProgramu, "frmAbout"},
+           {&menu_->mnuVersionHistory, "frmHistory"}}) {
+    EXPECT_EQ(item->enabled(), windows().Knows(window)) << window;
+  }
+}
+
+TEST_F(frmMenuTest, ToolbarButtonsRunTheMenuCommandsInMenuOrder) {
+  Start();
+  const std::vector<ui::MenuItem*> commands = {
+      &menu_->mnuJednotlivyVypocet, &menu_->mnuPostupnyVypocet, &menu_->mnuNastaveni,
+      &menu_->mnuTiskVypoctu,       &menu_->mnuVystavitFakturu, &menu_->mnuKopirovat,
+      &menu_->mnuKalkulacka,        &menu_->mnuPoznamky,        &menu_->mnuObsah,
+      &menu_->mnuOProgramu,         &menu_->mnuNaseStranky,     &menu_->mnuVersionHistory,
+      &menu_->mnuKonecProgramu};
+  const std::vector<std::string> tips = {
+      "Jednotlivý výpočet", "Postupný výpočet", "Nastavení programu",
+      "Tisk výpočtu",       "Vystavit fakturu", "Kopírovat výpočet do schránky",
+      "Kalkulačka",         "Zápisník",         "Obsah",
+      "O programu",         "Naše www stránky", "Historie verzí",
+      "Konec programu"};
+  ASSERT_EQ(menu_->cmdMenu.size(), commands.size());
+  std::vector<std::string> clicked;
+  for (ui::MenuItem* command : commands) {
+    command->SetEnabled(true);
+    command->Click.Connect([&clicked, command] { clicked.push_back(command->name()); });
+  }
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    ui::Button& button = menu_->cmdMenu.at(i);
+    EXPECT_EQ(button.tool_tip(), tips[i]);
+    EXPECT_TRUE(button.enabled());
+    commands[i]->SetEnabled(false);
+    EXPECT_FALSE(button.enabled()) << "as the command itself";
+    commands[i]->SetEnabled(true);
+    clicked.clear();
+    button.UserClick();
+    EXPECT_THAT(clicked, ElementsAre(commands[i]->name()));
+  }
+}
+
+TEST_F(frmMenuTest, SystemProgramsAreStartedOrMissed) {
+  Start();
+  menu_->mnuKalkulacka.UserClick();
+  menu_->mnuPoznamky.UserClick();
+  EXPECT_THAT(memory_.launcher.started, ElementsAre("calc.exe", "notepad.exe"));
+  EXPECT_THAT(Shown(), IsEmpty());
+  memory_.launcher.fails = true;
+  menu_->mnuKalkulacka.UserClick();
+  menu_->mnuPoznamky.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre("Program Kalkulačka nebyl nalezen",
+                                   "Program Poznámkový blok nebyl nalezen"));
+}
+
+TEST_F(frmMenuTest, MakersPageOpensInTheBrowser) {
+  Start();
+  menu_->mnuNaseStranky.UserClick();
+  EXPECT_THAT(memory_.opener.opened, ElementsAre("https://velta.example/"));
+  memory_.opener.fails = true;
+  menu_->mnuNaseStranky.UserClick();
+  EXPECT_THAT(Shown(),
+              ElementsAre("Chyba 5 (Neplatné volání procedury nebo argument) v proceduře\r\n"
+                          "(mnuNaseStranky_Click) of (frmMenu.frm)."));
+}
+
+TEST_F(frmMenuTest, LoadThatCannotReadTheSettingsIsReported) {
+  ASSERT_TRUE(memory_.settings_store.Write("velta", "Settings", "Hotovo", "Ano"));
+  velta_.Start();
+  memory_.settings_store.fails = true;
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 75 (Chyba přístupu k cestě nebo souboru) v proceduře\r\n"
+                                   "(MDIForm_Load) of (frmMenu.frm)."));
+  EXPECT_TRUE(windows().IsLoaded("frmMenu"));
+}
+
+TEST_F(frmMenuTest, ClosingEndsTheProgramWithAllItsWindows) {
+  Start();
+  FinishSingle();
+  menu_->mnuKonecProgramu.UserClick();
+  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
+  EXPECT_FALSE(windows().IsLoaded("frmMenu"));
+  EXPECT_TRUE(memory_.event_loop.quit);
+  EXPECT_EQ(memory_.help_viewer.times_closed, 1);
+  memory_.event_loop.Advance(std::chrono::seconds(5));
+  EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmMenuTest, ClosingWhileARepoResultIsPendingIsQuiet) {
+  Start();
+  frmJednotlivy& single = FinishSingle();
+  single.cboDruhSazby.UserPick(5);
+  menu_->mnuKonecProgramu.UserClick();
+  memory_.event_loop.Advance(std::chrono::seconds(5));
+  EXPECT_THAT(Shown(), IsEmpty());
+  EXPECT_TRUE(memory_.event_loop.quit);
+}
+
+}  // namespace
+}  // namespace velta

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "calc/calculation_window.h"
+#include "settings/settings.h"
+#include "shell/common/program.h"
+
+namespace velta {
+
+/// The whole program on a platform: it knows every window, and nothing else does.
+class Velta {
+ public:
+  Velta(const ui::Platform& platform, const ProgramInfo& info);
+
+  /// Opens the start-up window, from which everything follows.
+  void Start();
+
+  Program& program() { return program_; }
+  Settings& settings() { return settings_; }
+
+ private:
+  CalculationWindows calculations_;
+  Program program_;
+  Settings settings_{program_};
+};
+
+}  // namespace velta

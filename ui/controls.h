@@ -1,0 +1,298 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ui/event.h"
+#include "ui/timer.h"
+
+/// Control models: what a window's logic knows of its controls. A model has no pixel and no
+/// painter; a view listens to `Updated` and writes the user's acts in through the User… functions.
+/// For all models:
+///  - a setter that changes nothing does nothing; one that changes a text, a date or a choice
+///  raises
+///    Change once, whether the user or the program set it;
+///  - an act of the user on a control that is disabled or hidden does not exist: User… returns
+///  false;
+///  - events have run to their end when the setter returns.
+namespace velta::ui {
+
+class Button;
+class DatePicker;
+class DropDown;
+class Frame;
+class Label;
+class MenuItem;
+class TextBox;
+class TimerControl;
+class Window;
+
+/// Goes through the controls of a window by their kinds: for views and for tests.
+class ControlVisitor {
+ public:
+  virtual ~ControlVisitor() = default;
+  virtual void Visit(Button& control) = 0;
+  virtual void Visit(DatePicker& control) = 0;
+  virtual void Visit(DropDown& control) = 0;
+  virtual void Visit(Frame& control) = 0;
+  virtual void Visit(Label& control) = 0;
+  virtual void Visit(MenuItem& control) = 0;
+  virtual void Visit(TextBox& control) = 0;
+  virtual void Visit(TimerControl& control) = 0;
+};
+
+/// What of a control has changed and must be drawn anew.
+enum class Aspect { kEnabled, kVisible, kBackground, kToolTip, kCaption, kValue, kItems };
+
+/// The two backgrounds of an input: the system's colour for windows and the one for button faces.
+enum class Background { kWindow, kFace };
+
+/// What all controls have. A control belongs to a window, in which it announces itself; the order
+/// of declaration in the window's class is the reading order and so the tab order.
+class Control {
+ public:
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  /// The control's name in its window; the elements of an array are "name(0)", "name(1)", …
+  const std::string& name() const { return name_; }
+  Window& window() const { return window_; }
+
+  bool enabled() const { return enabled_; }
+  virtual void SetEnabled(bool enabled);
+  bool visible() const { return visible_; }
+  void SetVisible(bool visible);
+  Background background() const { return background_; }
+  void SetBackground(Background background);
+  const std::string& tool_tip() const { return tool_tip_; }
+  void SetToolTip(std::string text);
+
+  /// True where the keyboard can come to the control now.
+  bool CanTakeFocus() const { return takes_focus() && enabled_ && visible_; }
+  /// Moves the keyboard here; nothing happens where the control can't take it or already has it.
+  void SetFocus();
+
+  /// The pointer moved over the control. False (and no event) on a disabled or hidden one: the
+  /// pointer is then over what lies behind.
+  bool UserHover();
+
+  virtual void Accept(ControlVisitor& visitor) = 0;
+
+  Event<> GotFocus;
+  Event<> MouseMove;
+  Event<Aspect> Updated;  ///< for views only
+
+ protected:
+  Control(Window& window, std::string name);
+
+  virtual bool takes_focus() const { return false; }
+  bool open_to_user() const { return enabled_ && visible_; }
+
+ private:
+  Window& window_;
+  std::string name_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  Background background_ = Background::kWindow;
+  std::string tool_tip_;
+};
+
+/// The indexed controls of one name: ControlArray<Label, 3>(*this, "lblPopis") makes "lblPopis(0)"
+/// to "lblPopis(2)".
+template <class C, std::size_t... I>
+std::array<C, sizeof...(I)> MakeControlArray(Window& window, const std::string& name,
+                                             std::index_sequence<I...> /*indexes*/) {
+  return {{C(window, name + "(" + std::to_string(I) + ")")...}};
+}
+template <class C, std::size_t kCount>
+std::array<C, kCount> ControlArray(Window& window, const std::string& name) {
+  return MakeControlArray<C>(window, name, std::make_index_sequence<kCount>());
+}
+
+/// A control that shows a caption. "&" marks an access key where the platform has them for that
+/// kind.
+class CaptionedControl : public Control {
+ public:
+  const std::string& caption() const { return caption_; }
+  void SetCaption(std::string caption);
+
+ protected:
+  using Control::Control;
+
+ private:
+  std::string caption_;
+};
+
+/// A fixed or computed text.
+class Label final : public CaptionedControl {
+ public:
+  Label(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+};
+
+/// A titled box around other controls, or a strip or picture that carries some.
+class Frame final : public CaptionedControl {
+ public:
+  Frame(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+};
+
+/// A push button.
+class Button final : public CaptionedControl {
+ public:
+  Button(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+
+  /// A toolbar's buttons leave the keyboard where it is.
+  void SetTakesFocus(bool takes_focus) { takes_focus_ = takes_focus; }
+
+  bool UserClick();
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Click;
+
+ protected:
+  bool takes_focus() const override { return takes_focus_; }
+
+ private:
+  bool takes_focus_ = true;
+};
+
+/// An item of the menu bar: a menu, a command or (caption "-") a separating line.
+class MenuItem final : public CaptionedControl {
+ public:
+  MenuItem(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+
+  bool UserClick();
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Click;
+};
+
+/// A key that stands for a character, on its way into a text box. A handler may put another text in
+/// its place or empty it, which swallows the key. Enter is "\r".
+struct KeyPress {
+  std::string text;
+};
+
+/// A box of text, of one line or (for reports) of many.
+class TextBox final : public Control {
+ public:
+  TextBox(Window& window, std::string name) : Control(window, std::move(name)) {}
+
+  const std::string& text() const { return text_; }
+  void SetText(std::string_view text);
+  /// Adds to the end; costs as much as what is added.
+  void Append(std::string_view text);
+
+  /// A box that shows what the program wrote; the user may only copy from it.
+  bool read_only() const { return read_only_; }
+  void SetReadOnly() { read_only_ = true; }
+
+  /// Tab stops in dialog units (a quarter of the average character's width each); none: every eight
+  /// characters of a fixed-pitch font.
+  const std::vector<int>& tab_stops() const { return tab_stops_; }
+  void SetTabStops(std::vector<int> stops) { tab_stops_ = std::move(stops); }
+
+  /// The user's key, before it becomes text: what the handlers of KeyPress leave of it is to be
+  /// inserted. Enter that is left over inserts nothing in a box of one line.
+  bool UserKey(KeyPress& key);
+  /// The user changed the whole text at once: by a key, a paste, a deletion.
+  bool UserEdit(std::string_view text);
+
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Change;
+  Event<ui::KeyPress&> KeyPress;
+  Event<std::string_view> Appended;  ///< for views only
+
+ protected:
+  bool takes_focus() const override { return true; }
+
+ private:
+  std::string text_;
+  bool read_only_ = false;
+  std::vector<int> tab_stops_;
+};
+
+/// A drop-down list: one of several fixed texts is chosen, or none (index -1).
+class DropDown final : public Control {
+ public:
+  DropDown(Window& window, std::string name) : Control(window, std::move(name)) {}
+
+  const std::vector<std::string>& items() const { return items_; }
+  void AddItem(std::string text);
+
+  int index() const { return index_; }
+  /// The chosen item's text, or what stands there while nothing is chosen.
+  const std::string& text() const;
+  void SetPlaceholder(std::string text) { placeholder_ = std::move(text); }
+  /// Chooses an item; -1 chooses none. Requires -1 <= index < items().size().
+  void SetIndex(int index);
+
+  bool UserPick(int index);
+
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Change;
+
+ protected:
+  bool takes_focus() const override { return true; }
+
+ private:
+  std::vector<std::string> items_;
+  std::string placeholder_;
+  int index_ = -1;
+};
+
+/// A date, typed or picked from a calendar. It always holds a valid day, from 1.1.1900
+/// to 31.12.9999.
+class DatePicker final : public Control {
+ public:
+  using Day = std::chrono::sys_days;
+  static constexpr Day kFirst{std::chrono::year{1900} / 1 / 1};
+  static constexpr Day kLast{std::chrono::year{9999} / 12 / 31};
+
+  DatePicker(Window& window, std::string name, Day day)
+      : Control(window, std::move(name)), day_(day) {}
+
+  Day day() const { return day_; }
+  /// A day outside the range leaves the date as it was.
+  void SetDay(Day day);
+
+  bool UserPick(Day day);
+
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Change;
+
+ protected:
+  bool takes_focus() const override { return true; }
+
+ private:
+  Day day_;
+};
+
+/// A window's timer (ui/timer.h) under its name; enabled while it is armed. It dies with its
+/// window.
+class TimerControl final : public Control {
+ public:
+  TimerControl(Window& window, std::string name, Timer::Kind kind,
+               std::chrono::milliseconds interval);
+
+  void SetEnabled(bool enabled) override;
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Tick;
+
+ private:
+  Timer timer_;
+};
+
+}  // namespace velta::ui

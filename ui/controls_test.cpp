@@ -1,0 +1,202 @@
+#include "ui/controls.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ui/memory/memory_platform.h"
+#include "ui/window.h"
+
+namespace velta::ui {
+namespace {
+
+using std::chrono::day;
+using std::chrono::month;
+using std::chrono::sys_days;
+using std::chrono::year;
+
+constexpr sys_days Day(int y, unsigned m, unsigned d) { return year{y} / month{m} / day{d}; }
+
+class ControlsTest : public ::testing::Test {
+ protected:
+  MemoryEventLoop loop_;
+  Window window_{"frmVzor", WindowKind::kChild, loop_};
+};
+
+TEST_F(ControlsTest, TextBoxRaisesChangeOnlyForAnotherText) {
+  TextBox box(window_, "txtVzor");
+  int changes = 0;
+  box.Change.Connect([&] { ++changes; });
+  box.SetText("");
+  EXPECT_EQ(changes, 0);
+  box.SetText("5");
+  box.SetText("5");
+  EXPECT_TRUE(box.UserEdit("5"));
+  EXPECT_EQ(changes, 1);
+  EXPECT_TRUE(box.UserEdit("56"));
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(box.text(), "56");
+}
+
+TEST_F(ControlsTest, ChangeHandlerMaySetTheTextAgain) {
+  TextBox box(window_, "txtVzor");
+  std::vector<std::string> seen;
+  box.Change.Connect([&] {
+    seen.push_back(box.text());
+    if (box.text() == "abc") box.SetText("");
+  });
+  box.SetText("abc");
+  EXPECT_EQ(seen, (std::vector<std::string>{"abc", ""}));
+}
+
+TEST_F(ControlsTest, UserCannotReachDisabledHiddenOrReadOnlyBoxes) {
+  TextBox box(window_, "txtVzor");
+  KeyPress key{"x"};
+  box.SetEnabled(false);
+  EXPECT_FALSE(box.UserEdit("x"));
+  EXPECT_FALSE(box.UserKey(key));
+  EXPECT_FALSE(box.UserHover());
+  box.SetEnabled(true);
+  box.SetVisible(false);
+  EXPECT_FALSE(box.UserEdit("x"));
+  EXPECT_FALSE(box.UserHover());
+  box.SetVisible(true);
+  box.SetReadOnly();
+  EXPECT_FALSE(box.UserEdit("x"));
+  EXPECT_FALSE(box.UserKey(key));
+  EXPECT_TRUE(box.UserHover());
+  EXPECT_EQ(box.text(), "");
+  box.SetText("program");
+  EXPECT_EQ(box.text(), "program");
+}
+
+TEST_F(ControlsTest, KeyFilterReplacesAndSwallows) {
+  TextBox box(window_, "txtVzor");
+  box.KeyPress.Connect([](KeyPress& key) {
+    if (key.text == ".") key.text = ",";
+    if (key.text == "\r") key.text.clear();
+  });
+  KeyPress point{"."};
+  KeyPress enter{"\r"};
+  KeyPress letter{"ř"};
+  EXPECT_TRUE(box.UserKey(point));
+  EXPECT_TRUE(box.UserKey(enter));
+  EXPECT_TRUE(box.UserKey(letter));
+  EXPECT_EQ(point.text, ",");
+  EXPECT_EQ(enter.text, "");
+  EXPECT_EQ(letter.text, "ř");
+}
+
+TEST_F(ControlsTest, AppendTellsViewsOnlyWhatIsNew) {
+  TextBox box(window_, "txtVzor");
+  std::vector<std::string> appended;
+  int redrawn = 0;
+  int changes = 0;
+  box.Appended.Connect([&](std::string_view text) { appended.emplace_back(text); });
+  box.Updated.Connect([&](Aspect) { ++redrawn; });
+  box.Change.Connect([&] { ++changes; });
+  box.Append("a\r\n");
+  box.Append("");
+  box.Append("b");
+  EXPECT_EQ(box.text(), "a\r\nb");
+  EXPECT_EQ(appended, (std::vector<std::string>{"a\r\n", "b"}));
+  EXPECT_EQ(redrawn, 0);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ControlsTest, DropDownChoosesByIndex) {
+  DropDown list(window_, "cboVzor");
+  list.SetPlaceholder("Vyberte");
+  list.AddItem("první");
+  list.AddItem("druhá");
+  int changes = 0;
+  list.Change.Connect([&] { ++changes; });
+  EXPECT_EQ(list.text(), "Vyberte");
+  EXPECT_TRUE(list.UserPick(1));
+  EXPECT_TRUE(list.UserPick(1));
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(list.text(), "druhá");
+  list.SetEnabled(false);
+  EXPECT_FALSE(list.UserPick(0));
+  EXPECT_EQ(list.index(), 1);
+  list.SetIndex(0);
+  EXPECT_EQ(list.text(), "první");
+}
+
+TEST_F(ControlsTest, DatePickerKeepsToItsRange) {
+  DatePicker picker(window_, "dtpVzor", Day(2005, 4, 28));
+  int changes = 0;
+  picker.Change.Connect([&] { ++changes; });
+  picker.SetDay(Day(1899, 12, 31));
+  EXPECT_TRUE(picker.UserPick(Day(10000, 1, 1)));
+  picker.SetDay(Day(2005, 4, 28));
+  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(picker.day(), Day(2005, 4, 28));
+  picker.SetDay(Day(1900, 1, 1));
+  picker.SetDay(Day(9999, 12, 31));
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(picker.day(), Day(9999, 12, 31));
+  picker.SetEnabled(false);
+  EXPECT_FALSE(picker.UserPick(Day(2005, 1, 1)));
+}
+
+TEST_F(ControlsTest, DisabledCommandsDoNothing) {
+  Button button(window_, "cmdVzor");
+  MenuItem item(window_, "mnuVzor");
+  int clicks = 0;
+  button.Click.Connect([&] { ++clicks; });
+  item.Click.Connect([&] { ++clicks; });
+  EXPECT_TRUE(button.UserClick());
+  EXPECT_TRUE(item.UserClick());
+  EXPECT_EQ(clicks, 2);
+  button.SetEnabled(false);
+  item.SetEnabled(false);
+  EXPECT_FALSE(button.UserClick());
+  EXPECT_FALSE(item.UserClick());
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ControlsTest, ToolbarButtonLeavesTheFocusWhereItIs) {
+  Button button(window_, "cmdMenu(0)");
+  button.SetTakesFocus(false);
+  button.SetFocus();
+  EXPECT_EQ(window_.focused(), nullptr);
+}
+
+TEST_F(ControlsTest, TimerIsEnabledWhileItIsArmed) {
+  TimerControl timer(window_, "tmrVzor", Timer::Kind::kOneShot, std::chrono::milliseconds(0));
+  bool enabled_in_handler = true;
+  int ticks = 0;
+  timer.Tick.Connect([&] {
+    enabled_in_handler = timer.enabled();
+    ++ticks;
+  });
+  EXPECT_FALSE(timer.enabled());
+  timer.SetEnabled(true);
+  EXPECT_TRUE(timer.enabled());
+  loop_.RunUntilIdle();
+  EXPECT_EQ(ticks, 1);
+  EXPECT_FALSE(enabled_in_handler);
+  timer.SetEnabled(true);
+  timer.SetEnabled(false);
+  loop_.RunUntilIdle();
+  EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(ControlsTest, UnchangedPropertiesAreNotDrawnAnew) {
+  Label label(window_, "lblVzor");
+  std::vector<Aspect> drawn;
+  label.Updated.Connect([&](Aspect aspect) { drawn.push_back(aspect); });
+  label.SetCaption("a");
+  label.SetCaption("a");
+  label.SetEnabled(true);
+  label.SetVisible(true);
+  label.SetBackground(Background::kFace);
+  label.SetBackground(Background::kFace);
+  label.SetToolTip("tip");
+  EXPECT_EQ(drawn, (std::vector<Aspect>{Aspect::kCaption, Aspect::kBackground, Aspect::kToolTip}));
+}
+
+}  // namespace
+}  // namespace velta::ui

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace velta::ui {
+
+/// How this user writes numbers and dates. The platform fills the record once, at start; all
+/// formatting and reading is the program's own. The defaults are the Czech forms.
+struct LocaleFormat {
+  std::string decimal = ",";  ///< decimal separator, one character
+  std::string group = " ";    ///< what stands between groups of three digits, UTF-8
+  std::string date_pattern =
+      "d.M.yyyy";  ///< short date: d, dd, M, MM and yyyy with what stands between
+};
+
+}  // namespace velta::ui

@@ -1,0 +1,25 @@
+#include "ui/timer.h"
+
+namespace velta::ui {
+
+Timer::Timer(EventLoop& event_loop, Kind kind, std::chrono::milliseconds interval)
+    : event_loop_(event_loop), kind_(kind), interval_(interval) {}
+
+Timer::~Timer() { Disarm(); }
+
+void Timer::Arm() {
+  if (armed()) return;
+  ticket_ = event_loop_.After(interval_, [this] {
+    ticket_ = 0;
+    if (kind_ == Kind::kPeriodic) Arm();
+    Tick.Raise();
+  });
+}
+
+void Timer::Disarm() {
+  if (!armed()) return;
+  event_loop_.Cancel(ticket_);
+  ticket_ = 0;
+}
+
+}  // namespace velta::ui

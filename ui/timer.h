@@ -1,0 +1,35 @@
+#pragma once
+
+#include <chrono>
+
+#include "ui/event.h"
+#include "ui/event_loop.h"
+
+namespace velta::ui {
+
+/// Work that continues after the event loop has turned. A one-shot runs once each time it is armed:
+/// it is disarmed before its handlers run, which may arm it again. A periodic one runs until it is
+/// disarmed. Destroying the timer disarms it; a handler may do that too, as its last act.
+class Timer {
+ public:
+  enum class Kind { kOneShot, kPeriodic };
+
+  Timer(EventLoop& event_loop, Kind kind, std::chrono::milliseconds interval);
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer();
+
+  bool armed() const { return ticket_ != 0; }
+  void Arm();  ///< an armed timer goes on as it is
+  void Disarm();
+
+  Event<> Tick;
+
+ private:
+  EventLoop& event_loop_;
+  Kind kind_;
+  std::chrono::milliseconds interval_;
+  EventLoop::Ticket ticket_ = 0;  // 0 while disarmed
+};
+
+}  // namespace velta::ui
