@@ -164,7 +164,7 @@ std::vector<RateFileRemark> CheckCnb(std::string_view bytes) {
   return remarks.Take();
 }
 
-std::vector<RateFileRemark> CheckRepo(std::string_view bytes) {
+std::vector<RateFileRemark> CheckRepo(std::string_view bytes, sys_days today) {
   static const std::regex kForm(R"((\d{2})(\d{2})(\d{4}) ?(\d{1,2},\d{2}) *)");
   // Due dates from 28 April 2005 on bear the repo rate.
   constexpr std::chrono::year kFirstYear(2005);
@@ -201,12 +201,18 @@ std::vector<RateFileRemark> CheckRepo(std::string_view bytes) {
   });
   if (!has_rows) remarks.ProblemOfFile("has no rows");
   if (previous && previous->month() == std::chrono::January) {
-    remarks.Note("is the last row: its year has no row of 1 July yet");
+    const sys_days july = previous->year() / std::chrono::July / 1;
+    if (today < july) {
+      remarks.Note("is the last row: its year has no row of 1 July yet");
+    } else {
+      remarks.Problem("is the last row: its year has no row of 1 July");
+    }
   }
   return remarks.Take();
 }
 
-int CheckRates(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int CheckRates(const std::vector<std::string>& arguments, sys_days today, std::ostream& out,
+               std::ostream& err) {
   if (arguments.size() != 2 || (arguments[0] != "cnb" && arguments[0] != "repo")) {
     err << "usage: velta-check-rates cnb|repo FILE\n";
     return 2;
@@ -221,7 +227,7 @@ int CheckRates(const std::vector<std::string>& arguments, std::ostream& out, std
     return 2;
   }
   const std::vector<RateFileRemark> remarks =
-      arguments[0] == "cnb" ? CheckCnb(bytes.str()) : CheckRepo(bytes.str());
+      arguments[0] == "cnb" ? CheckCnb(bytes.str()) : CheckRepo(bytes.str(), today);
   bool has_problems = false;
   for (const RateFileRemark& remark : remarks) {
     has_problems = has_problems || remark.is_problem;

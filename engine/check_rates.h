@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -21,12 +22,14 @@ struct RateFileRemark {
 std::vector<RateFileRemark> CheckCnb(std::string_view bytes);
 
 /// The same for a repo-rate file: CR LF, plain ASCII, dates, rates; from 1 January of 2005 or an
-/// earlier year a row for every half-year, in order. A last year without its July row is only
-/// remarked upon, for that rate is not known before July.
-std::vector<RateFileRemark> CheckRepo(std::string_view bytes);
+/// earlier year on both half-years of every year, in order. Only before 1 July of the last year may
+/// its July row be missing, for that rate is not known earlier; this is remarked upon and no
+/// problem.
+std::vector<RateFileRemark> CheckRepo(std::string_view bytes, std::chrono::sys_days today);
 
 /// The command line: "cnb FILE" or "repo FILE". Prints the remarks. Returns 0: the file is in
 /// order; 1: it is not; 2: wrong usage, or the file cannot be read.
-int CheckRates(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+int CheckRates(const std::vector<std::string>& arguments, std::chrono::sys_days today,
+               std::ostream& out, std::ostream& err);
 
 }  // namespace velta

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -7,7 +8,9 @@
 
 int main(int argc, char** argv) {
   try {
-    return velta::CheckRates(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr);
+    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    return velta::CheckRates(std::vector<std::string>(argv + 1, argv + argc), today, std::cout,
+                             std::cerr);
   } catch (const std::exception& error) {
     std::cerr << "velta-check-rates: " << error.what() << '\n';
     return 2;

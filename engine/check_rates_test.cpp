@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/rate_folder_for_tests.h"
+#include "tests/support/rate_folder.h"
 
 namespace velta {
 namespace {
@@ -134,10 +134,12 @@ INSTANTIATE_TEST_SUITE_P(
                {"2: is the last row and has a valid-to date"}}),
     SampleName);
 
+constexpr std::chrono::sys_days kToday{std::chrono::year{2006} / 6 / 30};
+
 class CheckRepoTest : public testing::TestWithParam<Sample> {};
 
 TEST_P(CheckRepoTest, NamesWhatIsWrongAndWhere) {
-  EXPECT_EQ(Texts(CheckRepo(GetParam().bytes)), GetParam().remarks);
+  EXPECT_EQ(Texts(CheckRepo(GetParam().bytes, kToday)), GetParam().remarks);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -197,9 +199,17 @@ INSTANTIATE_TEST_SUITE_P(
                {"3: note: is the last row: its year has no row of 1 July yet"}}),
     SampleName);
 
+TEST(CheckRepoDayTest, FromJulyOnTheYearNeedsItsJulyRow) {
+  EXPECT_EQ(Texts(CheckRepo(CrLf({"010120052,50", "010720051,75", "010120062,00"}),
+                            kToday + std::chrono::days(1))),
+            std::vector<std::string>{"3: is the last row: its year has no row of 1 July"});
+}
+
 class CheckRatesTest : public testing::Test {
  protected:
-  int Check(const std::vector<std::string>& arguments) { return CheckRates(arguments, out, err); }
+  int Check(const std::vector<std::string>& arguments) {
+    return CheckRates(arguments, kToday, out, err);
+  }
 
   RateFolder folder;
   std::ostringstream out;
@@ -221,9 +231,9 @@ TEST_F(CheckRatesTest, ProblemsArePrintedWithTheirLinesAndEndWith1) {
 }
 
 TEST_F(CheckRatesTest, ANoteIsPrintedAndIsNoProblem) {
-  folder.Write("repo.dat", CrLf({"010120052,50"}));
+  folder.Write("repo.dat", CrLf({"010120052,50", "010720051,75", "010120062,00"}));
   EXPECT_EQ(Check({"repo", folder.File("repo.dat")}), 0);
-  EXPECT_THAT(out.str(), HasSubstr("line 1: note: is the last row"));
+  EXPECT_THAT(out.str(), HasSubstr("line 3: note: is the last row"));
 }
 
 TEST_F(CheckRatesTest, AnEmptyFileIsAProblemOfTheFile) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/rate_folder_for_tests.h"
+#include "tests/support/rate_folder.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/rate_folder_for_tests.h"
 #include "shell/common/error.h"
+#include "tests/support/rate_folder.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {

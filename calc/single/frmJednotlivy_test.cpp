@@ -409,7 +409,7 @@ TEST_F(frmJednotlivyTest, DiscountKindReplacesATypedRateWithoutEndlessComputing)
 }
 
 TEST_F(frmJednotlivyTest, DueDateInNoRowIsToldAndTheResultsStay) {
-  test::RateFolder folder("single-gap");
+  RateFolder folder;
   folder.Write("cnb.dat",
                "01.01.2003         30.06.2003          1,75                 3,50\r\n"
                "01.07.2003         31.12.2003          1,25                 2,50\r\n"
@@ -430,7 +430,7 @@ TEST_F(frmJednotlivyTest, DueDateInNoRowIsToldAndTheResultsStay) {
 }
 
 TEST_F(frmJednotlivyTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
-  test::RateFolder folder("single-empty");
+  RateFolder folder;
   folder.Write("cnb.dat", "");
   folder.Write("repo.dat", "");
   memory_.program_folder.path = folder.path();
@@ -450,7 +450,7 @@ TEST_F(frmJednotlivyTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
 }
 
 TEST_F(frmJednotlivyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
-  test::RateFolder folder("single-missing");
+  RateFolder folder;
   memory_.program_folder.path = folder.path();
   Open();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
@@ -676,7 +676,7 @@ TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {
 }
 
 TEST_F(frmJednotlivyTest, DelayWithoutAJulyRowIsReportedUnderTheCalculation) {
-  test::RateFolder folder("single-july");
+  RateFolder folder;
   folder.Write("cnb.dat", "");
   folder.Write("repo.dat", "010120062,00\r\n");
   memory_.program_folder.path = folder.path();

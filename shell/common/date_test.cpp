@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-#include "shell/common/testing.h"
+#include "tests/support/thrown.h"
 
 namespace velta {
 namespace {

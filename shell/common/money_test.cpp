@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "shell/common/testing.h"
+#include "tests/support/thrown.h"
 
 namespace velta {
 namespace {

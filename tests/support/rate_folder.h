@@ -2,16 +2,20 @@
 
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
+#include <random>
 #include <string>
+#include <string_view>
+#include <system_error>
 
-namespace velta::test {
+namespace velta {
 
-/// A program folder of a test's own; what is not written into it is missing there.
+/// A folder of its own for one test, with the rate files that the test writes into it.
 class RateFolder {
  public:
-  explicit RateFolder(const std::string& name)
-      : path_(std::filesystem::temp_directory_path() / ("velta-" + name)) {
-    std::filesystem::remove_all(path_);
+  RateFolder()
+      : path_(std::filesystem::temp_directory_path() /
+              ("velta-rates-" + std::to_string(std::random_device()()))) {
     std::filesystem::create_directories(path_);
   }
   RateFolder(const RateFolder&) = delete;
@@ -21,13 +25,29 @@ class RateFolder {
     std::filesystem::remove_all(path_, ignored);
   }
 
-  void Write(const std::string& file, const std::string& bytes) const {
-    std::ofstream(path_ / file, std::ios::binary) << bytes;
-  }
   std::string path() const { return path_.string(); }
+  std::string File(const std::string& name) const { return (path_ / name).string(); }
+  void Write(const std::string& name, std::string_view bytes) const {
+    std::ofstream(path_ / name, std::ios::binary) << bytes;
+  }
 
  private:
   std::filesystem::path path_;
 };
 
-}  // namespace velta::test
+/// A row of cnb.dat with its fields in their columns.
+inline std::string CnbLine(std::string from, std::string to, std::string discount,
+                           const std::string& interest) {
+  from.resize(19, ' ');
+  to.resize(20, ' ');
+  discount.resize(21, ' ');
+  return from + to + discount + interest;
+}
+
+inline std::string CrLf(std::initializer_list<std::string> lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+}  // namespace velta
