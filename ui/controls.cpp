@@ -4,6 +4,22 @@
 
 namespace velta::ui {
 
+namespace {
+
+/// What a box of one line makes of a copied cell or paragraph: line ends at its end go, others
+/// become blanks.
+std::string OneLine(std::string_view text) {
+  while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
+  std::string line;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\n' && i > 0 && text[i - 1] == '\r') continue;
+    line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+  }
+  return line;
+}
+
+}  // namespace
+
 Control::Control(Window& window, std::string name) : window_(window), name_(std::move(name)) {
   window_.Add(*this);
 }
@@ -84,7 +100,7 @@ bool TextBox::UserKey(ui::KeyPress& key) {
 
 bool TextBox::UserEdit(std::string_view text) {
   if (!open_to_user() || read_only_) return false;
-  SetText(text);
+  SetText(OneLine(text));
   return true;
 }
 

@@ -203,7 +203,8 @@ class TextBox final : public Control {
   /// The user's key, before it becomes text: what the handlers of KeyPress leave of it is to be
   /// inserted. Enter that is left over inserts nothing in a box of one line.
   bool UserKey(KeyPress& key);
-  /// The user changed the whole text at once: by a key, a paste, a deletion.
+  /// The user changed the whole text at once: by a key, a paste, a deletion. Of pasted lines one is
+  /// made: line ends at the end go, others become blanks.
   bool UserEdit(std::string_view text);
 
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }

@@ -71,6 +71,20 @@ TEST_F(ControlsTest, UserCannotReachDisabledHiddenOrReadOnlyBoxes) {
   EXPECT_EQ(box.text(), "program");
 }
 
+TEST_F(ControlsTest, PastedLinesBecomeOne) {
+  TextBox box(window_, "txtVzor");
+  for (const auto& [pasted, kept] :
+       std::vector<std::pair<std::string, std::string>>{{"10000\r\n", "10000"},
+                                                        {"10000\n", "10000"},
+                                                        {"Pekárna\r\nBrno", "Pekárna Brno"},
+                                                        {"a\nb\rc\n\n", "a b c"},
+                                                        {"a\tb", "a\tb"},
+                                                        {"\n", ""}}) {
+    EXPECT_TRUE(box.UserEdit(pasted));
+    EXPECT_EQ(box.text(), kept);
+  }
+}
+
 TEST_F(ControlsTest, KeyFilterReplacesAndSwallows) {
   TextBox box(window_, "txtVzor");
   box.KeyPress.Connect([](KeyPress& key) {

@@ -1,0 +1,310 @@
+#include "ui/qt/binder.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QSignalBlocker>
+
+#include "ui/qt/date_field.h"
+#include "ui/qt/hint_filter.h"
+#include "ui/qt/report_box.h"
+#include "ui/qt/text.h"
+#include "ui/window.h"
+
+namespace velta::qt {
+
+namespace {
+
+using ui::Aspect;
+
+constexpr Aspect kAspects[] = {Aspect::kItems,   Aspect::kCaption, Aspect::kValue,
+                               Aspect::kToolTip, Aspect::kEnabled, Aspect::kBackground,
+                               Aspect::kVisible};
+
+void SetBackground(QWidget& widget, ui::Background background) {
+  QPalette palette = QApplication::palette(&widget);
+  if (background == ui::Background::kFace) {
+    palette.setBrush(QPalette::Base, palette.brush(QPalette::Active, QPalette::Button));
+  }
+  // What a closed box shows, such as the rate that the bank's table gave, is there to be read.
+  palette.setBrush(QPalette::Disabled, QPalette::Text,
+                   palette.brush(QPalette::Active, QPalette::WindowText));
+  widget.setPalette(palette);
+}
+
+/// A date that is typed but not committed counts when a command is given, also by a toolbar button
+/// or a menu, which leave the keyboard in the field.
+void CommitTypedDate() {
+  if (auto* field = qobject_cast<DateField*>(QApplication::focusWidget())) field->Commit();
+}
+
+/// A caption that the model has not given yet is the one in the form.
+bool LeftToForm(const ui::Control& control, Aspect aspect) {
+  const auto* captioned = dynamic_cast<const ui::CaptionedControl*>(&control);
+  return aspect == Aspect::kCaption && captioned != nullptr && captioned->caption().empty();
+}
+
+bool IsUsersWay(Qt::FocusReason reason) {
+  return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+         reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+}  // namespace
+
+Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints, const ui::LocaleFormat& locale)
+    : QObject(&root), window_(window), root_(root), hints_(hints), locale_(locale) {
+  for (ui::Control* control : window.controls()) control->Accept(*this);
+  SetTabOrder();
+  hints.Watch(root, [this] {
+    if (listening_) window_.MouseMove.Raise();
+    return true;
+  });
+}
+
+QString Binder::WidgetName(const std::string& control_name) {
+  return ToQString(control_name).replace(u'(', u'_').remove(u')');
+}
+
+void Binder::TakeFocus() {
+  if (window_.focused() == nullptr) return;
+  QWidget* widget = Find<QWidget>(*window_.focused());
+  // As Tab does it: what the box holds is marked, and typing replaces it.
+  if (widget != nullptr && !widget->hasFocus()) widget->setFocus(Qt::TabFocusReason);
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  if (!listening_) return false;
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      // Only where the user led the keyboard; a window that comes to the front is not such an act.
+      if (IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
+        controls_.value(watched)->SetFocus();
+      }
+      return false;
+    case QEvent::KeyPress:
+      return lines_.contains(watched) &&
+             Key(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
+    case QEvent::Wheel:
+      // Who scrolls past a closed list does not mean to choose another item.
+      if (auto* list = qobject_cast<QComboBox*>(watched); list != nullptr && !list->hasFocus()) {
+        event->ignore();
+        return true;
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool Binder::Key(QLineEdit& edit, QKeyEvent& event) {
+  // Neither is Shift looked at, with which the Czech keyboard types digits, nor AltGr.
+  const bool shortcut =
+      (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const bool character = !event.text().isEmpty() && event.text().front().isPrint();
+  if (shortcut || !(enter || character)) return false;
+  const std::string typed = enter ? "\r" : ToUtf8(event.text());
+  ui::KeyPress key{typed};
+  if (!lines_.value(&edit)->UserKey(key)) return false;
+  if (key.text == typed) return false;
+  if (!key.text.empty() && key.text != "\r") edit.insert(ToQString(key.text));
+  return true;
+}
+
+template <class W>
+W* Binder::Find(const ui::Control& control) const {
+  return root_.findChild<W*>(WidgetName(control.name()));
+}
+
+template <class W>
+W& Binder::Widget(const ui::Control& control) const {
+  W* widget = Find<W>(control);
+  if (widget == nullptr) {
+    qFatal("The form of %s has no widget of its kind for %s.", window_.name().c_str(),
+           control.name().c_str());
+  }
+  return *widget;
+}
+
+void Binder::Mirror(ui::Control& control, std::function<void(Aspect)> show) {
+  for (const Aspect aspect : kAspects) {
+    if (!LeftToForm(control, aspect)) show(aspect);
+  }
+  control.Updated.Connect([self = QPointer<Binder>(this), show = std::move(show)](Aspect aspect) {
+    if (self != nullptr) show(aspect);
+  });
+}
+
+void Binder::Mirror(ui::Control& control, QWidget& widget,
+                    const std::function<void(Aspect)>& show) {
+  Mirror(control, [&control, &widget, show](Aspect aspect) {
+    switch (aspect) {
+      case Aspect::kEnabled:
+        widget.setEnabled(control.enabled());
+        break;
+      case Aspect::kVisible:
+        widget.setVisible(control.visible());
+        break;
+      case Aspect::kToolTip:
+        widget.setToolTip(ToQString(control.tool_tip()));
+        break;
+      default:
+        break;
+    }
+    show(aspect);
+  });
+  controls_.insert(&widget, &control);
+  widget.installEventFilter(this);
+  hints_.Watch(widget, [this, &control] { return listening_ && control.UserHover(); });
+}
+
+void Binder::SetTabOrder() {
+  QWidget* previous = nullptr;
+  for (const ui::Control* control : window_.controls()) {
+    QWidget* widget = Find<QWidget>(*control);
+    if (widget == nullptr || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+    if (previous != nullptr) QWidget::setTabOrder(previous, widget);
+    previous = widget;
+  }
+}
+
+void Binder::Visit(ui::Button& control) {
+  auto& button = Widget<QAbstractButton>(control);
+  Mirror(control, button, [&control, &button](Aspect aspect) {
+    if (aspect == Aspect::kCaption) button.setText(ToQString(control.caption()));
+    // A button with nothing but a picture is called by what its tool tip says.
+    if (aspect == Aspect::kToolTip && button.text().isEmpty()) {
+      button.setAccessibleName(ToQString(control.tool_tip()));
+    }
+  });
+  connect(&button, &QAbstractButton::clicked, this, [this, &control] {
+    if (!listening_) return;
+    CommitTypedDate();
+    control.UserClick();
+  });
+}
+
+void Binder::Visit(ui::DatePicker& control) {
+  auto& field = Widget<DateField>(control);
+  field.SetFormat(locale_);
+  Mirror(control, field, [&control, &field](Aspect aspect) {
+    if (aspect == Aspect::kValue) field.SetDay(control.day());
+    if (aspect == Aspect::kBackground) SetBackground(field, control.background());
+  });
+  connect(&field, &DateField::DayPicked, this,
+          [this, &control, field = QPointer(&field)](std::chrono::sys_days day) {
+            if (!listening_) return;
+            control.UserPick(day);
+            if (field != nullptr) field->SetDay(control.day());
+          });
+}
+
+void Binder::Visit(ui::DropDown& control) {
+  auto& list = Widget<QComboBox>(control);
+  Mirror(control, list, [&control, &list](Aspect aspect) {
+    const QSignalBlocker by_program(list);
+    if (aspect == Aspect::kItems) {
+      if (control.index() < 0) list.setPlaceholderText(ToQString(control.text()));
+      for (auto i = static_cast<std::size_t>(list.count()); i < control.items().size(); ++i) {
+        list.addItem(ToQString(control.items()[i]));
+      }
+    }
+    if (aspect == Aspect::kItems || aspect == Aspect::kValue) list.setCurrentIndex(control.index());
+    if (aspect == Aspect::kBackground) SetBackground(list, control.background());
+  });
+  connect(&list, &QComboBox::currentIndexChanged, this,
+          [this, &control, list = QPointer(&list)](int index) {
+            if (!listening_) return;
+            control.UserPick(index);
+            if (list == nullptr) return;
+            const QSignalBlocker by_program(list);
+            list->setCurrentIndex(control.index());
+          });
+}
+
+void Binder::Visit(ui::Frame& control) {
+  auto& widget = Widget<QWidget>(control);
+  Mirror(control, widget, [&control, box = qobject_cast<QGroupBox*>(&widget)](Aspect aspect) {
+    if (aspect == Aspect::kCaption && box != nullptr) {
+      box->setTitle(ToQString(control.caption()));
+    }
+  });
+}
+
+void Binder::Visit(ui::Label& control) {
+  auto& label = Widget<QLabel>(control);
+  label.setTextFormat(Qt::PlainText);
+  Mirror(control, label, [&control, &label](Aspect aspect) {
+    if (aspect == Aspect::kCaption) label.setText(ToQString(control.caption()));
+  });
+}
+
+void Binder::Visit(ui::MenuItem& control) {
+  QAction* action = nullptr;
+  if (auto* menu = Find<QMenu>(control)) {
+    action = menu->menuAction();
+  } else {
+    action = &Widget<QAction>(control);
+    connect(action, &QAction::triggered, this, [this, &control] {
+      if (!listening_) return;
+      CommitTypedDate();
+      control.UserClick();
+    });
+  }
+  Mirror(control, [&control, action](Aspect aspect) {
+    if (aspect == Aspect::kCaption) {
+      const bool line = control.caption() == "-";
+      action->setSeparator(line);
+      if (!line) action->setText(ToQString(control.caption()));
+    }
+    if (aspect == Aspect::kEnabled) action->setEnabled(control.enabled());
+    if (aspect == Aspect::kVisible) action->setVisible(control.visible());
+  });
+}
+
+void Binder::Visit(ui::TextBox& control) {
+  if (auto* edit = Find<QLineEdit>(control)) {
+    BindLine(control, *edit);
+    return;
+  }
+  auto& box = Widget<ReportBox>(control);
+  Mirror(control, box, [&control, &box](Aspect aspect) {
+    if (aspect == Aspect::kValue) box.SetReport(ToQString(control.text()), control.tab_stops());
+    if (aspect == Aspect::kBackground) SetBackground(box, control.background());
+  });
+  control.Appended.Connect([self = QPointer<Binder>(this), &box](std::string_view text) {
+    if (self != nullptr) box.Append(ToQString(text));
+  });
+}
+
+void Binder::BindLine(ui::TextBox& control, QLineEdit& edit) {
+  const auto show = [&control](QLineEdit& line) {
+    const QString text = ToQString(control.text());
+    if (text == line.text()) return;  // the cursor stays where the user types
+    const QSignalBlocker by_program(line);
+    line.setText(text);
+  };
+  edit.setReadOnly(control.read_only());
+  lines_.insert(&edit, &control);
+  Mirror(control, edit, [&control, &edit, show](Aspect aspect) {
+    if (aspect == Aspect::kValue) show(edit);
+    if (aspect == Aspect::kBackground) SetBackground(edit, control.background());
+  });
+  control.Appended.Connect([self = QPointer<Binder>(this), &edit, show](std::string_view /*text*/) {
+    if (self != nullptr) show(edit);
+  });
+  connect(&edit, &QLineEdit::textChanged, this,
+          [this, &control, line = QPointer(&edit), show](const QString& text) {
+            if (!listening_) return;
+            control.UserEdit(ToUtf8(text));
+            if (line != nullptr) show(*line);
+          });
+}
+
+}  // namespace velta::qt

@@ -1,0 +1,149 @@
+#include "ui/qt/date_field.h"
+
+#include <QAction>
+#include <QCalendarWidget>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
+
+#include "shell/common/date.h"
+#include "shell/common/error.h"
+#include "ui/controls.h"
+#include "ui/qt/text.h"
+
+namespace velta::qt {
+
+namespace {
+
+std::optional<Date> ReadDate(const QString& text, const ui::LocaleFormat& format) {
+  try {
+    return ParseShortDate(ToUtf8(text), format);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+/// Below the field, or above it where the screen ends; never beyond the screen's sides.
+QPoint PopupPosition(const QWidget& field, QSize popup) {
+  const QRect screen = field.screen()->availableGeometry();
+  const QPoint below = field.mapToGlobal(QPoint(0, field.height()));
+  const int above = field.mapToGlobal(QPoint(0, 0)).y() - popup.height();
+  const int y = below.y() + popup.height() <= screen.bottom() ? below.y() : above;
+  const int right_most = screen.right() - popup.width();
+  return {std::max(screen.left(), std::min(below.x(), right_most)), std::max(screen.top(), y)};
+}
+
+}  // namespace
+
+DateField::DateField(QWidget* parent) : QLineEdit(parent) {
+  arrow_ = addAction(QIcon(":/dropdown.svg"), TrailingPosition);
+  arrow_->setToolTip(QStringLiteral("Vybrat datum z kalendáře"));
+  connect(arrow_, &QAction::triggered, this, &DateField::OpenCalendar);
+  ShowDay();
+}
+
+void DateField::SetFormat(const ui::LocaleFormat& format) {
+  format_ = format;
+  ShowDay();
+}
+
+void DateField::SetDay(std::chrono::sys_days day) {
+  day_ = day;
+  ShowDay();
+}
+
+bool DateField::Commit() {
+  const std::optional<Date> typed = ReadDate(text(), format_);
+  if (!typed) return false;
+  Pick(*typed);
+  return true;
+}
+
+void DateField::Pick(std::chrono::sys_days day) {
+  const bool other = day != day_;
+  SetDay(day);
+  if (other) emit DayPicked(day);
+}
+
+void DateField::ShowDay() {
+  const QString text = ToQString(ShortDateText(day_, format_));
+  if (text != this->text()) setText(text);
+}
+
+void DateField::OpenCalendar() {
+  if (popup_ != nullptr || !isEnabled()) return;
+  // A popup of its own and not a dialog: a click beside it puts it away.
+  auto* popup = new QFrame(this, Qt::Popup);
+  popup->setAttribute(Qt::WA_DeleteOnClose);
+  popup->setFrameShape(QFrame::StyledPanel);
+  auto* calendar = new QCalendarWidget(popup);
+  calendar->setFirstDayOfWeek(Qt::Monday);
+  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar->setMinimumDate(ToQDate(ui::DatePicker::kFirst));
+  calendar->setMaximumDate(ToQDate(ui::DatePicker::kLast));
+  calendar->setSelectedDate(ToQDate(ReadDate(text(), format_).value_or(day_)));
+  auto* layout = new QVBoxLayout(popup);
+  layout->setContentsMargins(1, 1, 1, 1);
+  layout->addWidget(calendar);
+  // The popup goes first: what the new date sets off may open a message box.
+  const auto take = [this, popup](QDate date) {
+    if (popup_ != popup) return;  // a double click says it twice
+    popup_.clear();
+    popup->close();
+    setFocus(Qt::PopupFocusReason);
+    Pick(ToDay(date));
+  };
+  connect(calendar, &QCalendarWidget::clicked, this, take);
+  connect(calendar, &QCalendarWidget::activated, this, take);  // Enter
+  popup_ = popup;
+  popup->move(PopupPosition(*this, popup->sizeHint()));
+  popup->show();
+  calendar->setFocus(Qt::PopupFocusReason);
+}
+
+void DateField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  if (event->type() == QEvent::EnabledChange) {
+    arrow_->setIcon(QIcon(isEnabled() ? ":/dropdown.svg" : ":/dropdown-disabled.svg"));
+  }
+}
+
+void DateField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // A popup, the menu bar or another program has the keyboard for a while: typing goes on
+  // afterwards.
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+      reason == Qt::ActiveWindowFocusReason) {
+    return;
+  }
+  if (!Commit()) ShowDay();
+}
+
+void DateField::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (Commit()) selectAll();
+      return;
+    case Qt::Key_Escape:
+      ShowDay();
+      return;
+    case Qt::Key_F4:
+      if (event->modifiers() != Qt::NoModifier) break;  // Alt+F4 and Ctrl+F4 close windows
+      OpenCalendar();
+      return;
+    case Qt::Key_Down:
+      if ((event->modifiers() & Qt::AltModifier) == 0) break;
+      OpenCalendar();
+      return;
+    default:
+      break;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+}  // namespace velta::qt

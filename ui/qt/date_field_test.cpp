@@ -1,0 +1,198 @@
+#include "ui/qt/date_field.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QTest>
+#include <QWheelEvent>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/qt/text.h"
+
+namespace velta::qt {
+namespace {
+
+using std::chrono::sys_days;
+
+constexpr sys_days Day(int y, unsigned m, unsigned d) {
+  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
+}
+
+constexpr sys_days kBefore = Day(2005, 4, 28);
+
+class DateFieldTest : public ::testing::Test {
+ protected:
+  DateFieldTest() : field_(&window_), other_(&window_) {
+    other_.move(0, 60);
+    field_.SetDay(kBefore);
+    QObject::connect(&field_, &DateField::DayPicked, &field_,
+                     [this](sys_days day) { picked_.push_back(day); });
+    window_.show();
+    QApplication::setActiveWindow(&window_);
+    field_.setFocus();
+  }
+
+  void Type(const char* text) {
+    field_.selectAll();
+    QTest::keyClicks(&field_, text);
+  }
+
+  static QCalendarWidget* Calendar() {
+    QWidget* popup = QApplication::activePopupWidget();
+    return popup == nullptr ? nullptr : popup->findChild<QCalendarWidget*>();
+  }
+  static QWidget* Days() { return Calendar()->findChild<QWidget*>("qt_calendar_calendarview"); }
+
+  QWidget window_;
+  DateField field_;
+  QLineEdit other_;
+  std::vector<sys_days> picked_;
+};
+
+struct Typing {
+  const char* name;
+  const char* typed;
+  sys_days day;
+};
+
+class TypedDate : public DateFieldTest, public ::testing::WithParamInterface<Typing> {};
+
+// These are the ways in which people write Czech dates; the day after the old month's end and the
+// month after a two-digit day are where fields that edit part by part go wrong.
+TEST_P(TypedDate, IsTakenOnEnterAndShownInTheUsualForm) {
+  Type(GetParam().typed);
+  EXPECT_TRUE(picked_.empty()) << "a date must not change while it is being typed";
+  QTest::keyClick(&field_, Qt::Key_Return);
+  EXPECT_EQ(picked_, std::vector{GetParam().day});
+  EXPECT_EQ(field_.day(), GetParam().day);
+  EXPECT_TRUE(field_.hasFocus());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, TypedDate,
+    ::testing::Values(Typing{"plain", "1.2.2010", Day(2010, 2, 1)},
+                      Typing{"day_of_a_longer_month", "31.12.1999", Day(1999, 12, 31)},
+                      Typing{"month_after_short_day", "7.11.2004", Day(2004, 11, 7)},
+                      Typing{"month_after_long_day", "10.10.2004", Day(2004, 10, 10)},
+                      Typing{"leading_zeros", "01.02.2005", Day(2005, 2, 1)},
+                      Typing{"with_blanks", "1. 2. 2005", Day(2005, 2, 1)},
+                      Typing{"leap_day", "29.2.2004", Day(2004, 2, 29)}),
+    [](const auto& test) { return test.param.name; });
+
+struct Refused {
+  const char* name;
+  const char* typed;
+};
+
+class RefusedDate : public DateFieldTest, public ::testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedDate, StandsOnEnterAndTurnsBackWhenTheFieldIsLeft) {
+  Type(GetParam().typed);
+  QTest::keyClick(&field_, Qt::Key_Enter);
+  EXPECT_EQ(field_.text(), GetParam().typed);
+  QTest::keyClick(&field_, Qt::Key_Tab);
+  EXPECT_TRUE(other_.hasFocus());
+  EXPECT_EQ(field_.text(), "28.4.2005");
+  EXPECT_TRUE(picked_.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, RefusedDate,
+                         ::testing::Values(Refused{"word", "zitra"},
+                                           Refused{"empty_but_blank", " "},
+                                           Refused{"two_digit_year", "1.2.05"},
+                                           Refused{"no_such_day", "30.2.2005"},
+                                           Refused{"half_typed", "1.2."}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(DateFieldTest, TakesTheDateWhenTheFieldIsLeft) {
+  Type("3.5.2011");
+  QTest::keyClick(&field_, Qt::Key_Tab);
+  EXPECT_EQ(picked_, std::vector{Day(2011, 5, 3)});
+}
+
+TEST_F(DateFieldTest, TheSameDateInAnotherFormChangesNothingButTheText) {
+  Type("28. 04. 2005");
+  QTest::keyClick(&field_, Qt::Key_Return);
+  EXPECT_TRUE(picked_.empty());
+  EXPECT_EQ(field_.text(), "28.4.2005");
+}
+
+TEST_F(DateFieldTest, EscTakesTypingBack) {
+  Type("3.5.2011");
+  QTest::keyClick(&field_, Qt::Key_Escape);
+  EXPECT_EQ(field_.text(), "28.4.2005");
+  QTest::keyClick(&field_, Qt::Key_Tab);
+  EXPECT_TRUE(picked_.empty());
+}
+
+TEST_F(DateFieldTest, ProgramSetsADateWithoutTheUsersEvent) {
+  field_.SetDay(Day(2020, 1, 2));
+  EXPECT_EQ(field_.text(), "2.1.2020");
+  EXPECT_TRUE(picked_.empty());
+}
+
+TEST_F(DateFieldTest, FollowsTheUsersDateForm) {
+  field_.SetFormat({".", ",", "M/d/yyyy"});
+  EXPECT_EQ(field_.text(), "4/28/2005");
+  Type("12/31/1999");
+  QTest::keyClick(&field_, Qt::Key_Return);
+  EXPECT_EQ(picked_, std::vector{Day(1999, 12, 31)});
+}
+
+TEST_F(DateFieldTest, WheelAndArrowKeysChangeNothing) {
+  QWheelEvent wheel(QPointF(5, 5), field_.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120),
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&field_, &wheel);
+  QTest::keyClick(&field_, Qt::Key_Up);
+  QTest::keyClick(&field_, Qt::Key_Down);
+  EXPECT_EQ(field_.text(), "28.4.2005");
+  EXPECT_TRUE(picked_.empty());
+}
+
+TEST_F(DateFieldTest, F4OpensACzechCalendarOnTheDate) {
+  QTest::keyClick(&field_, Qt::Key_F4);
+  ASSERT_NE(Calendar(), nullptr);
+  EXPECT_EQ(Calendar()->selectedDate(), QDate(2005, 4, 28));
+  EXPECT_EQ(Calendar()->firstDayOfWeek(), Qt::Monday);
+  EXPECT_EQ(Calendar()->locale().language(), QLocale::Czech);
+}
+
+TEST_F(DateFieldTest, CalendarOpensOnWhatIsTyped) {
+  Type("3.5.2011");
+  QTest::keyClick(&field_, Qt::Key_Down, Qt::AltModifier);
+  ASSERT_NE(Calendar(), nullptr);
+  EXPECT_EQ(Calendar()->selectedDate(), QDate(2011, 5, 3));
+}
+
+TEST_F(DateFieldTest, EnterInTheCalendarTakesItsDay) {
+  QTest::keyClick(&field_, Qt::Key_F4);
+  ASSERT_NE(Calendar(), nullptr);
+  QTest::keyClick(Days(), Qt::Key_Right);
+  EXPECT_TRUE(picked_.empty()) << "walking through the calendar is not choosing";
+  QTest::keyClick(Days(), Qt::Key_Return);
+  EXPECT_EQ(picked_, std::vector{Day(2005, 4, 29)});
+  EXPECT_EQ(Calendar(), nullptr);
+  EXPECT_EQ(field_.text(), "29.4.2005");
+}
+
+TEST_F(DateFieldTest, EscInTheCalendarLeavesTheDate) {
+  QTest::keyClick(&field_, Qt::Key_F4);
+  ASSERT_NE(Calendar(), nullptr);
+  QTest::keyClick(Days(), Qt::Key_Right);
+  QTest::keyClick(Days(), Qt::Key_Escape);
+  EXPECT_EQ(Calendar(), nullptr);
+  EXPECT_EQ(field_.text(), "28.4.2005");
+  EXPECT_TRUE(picked_.empty());
+}
+
+TEST_F(DateFieldTest, DisabledFieldOpensNoCalendar) {
+  field_.setEnabled(false);
+  field_.OpenCalendar();
+  EXPECT_EQ(Calendar(), nullptr);
+}
+
+}  // namespace
+}  // namespace velta::qt

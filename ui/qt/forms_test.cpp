@@ -1,0 +1,153 @@
+#include "ui/qt/forms.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QRegularExpression>
+#include <QTest>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "shell/common/form.h"
+#include "shell/velta.h"
+#include "ui/memory/memory_platform.h"
+#include "ui/qt/binder.h"
+#include "ui/qt/text.h"
+#include "ui/qt/window_system.h"
+
+namespace velta::qt {
+namespace {
+
+using ::testing::IsEmpty;
+
+/// Every window of the program on real widgets, the rest of the platform in memory. A control that
+/// has no widget in its form ends the program when the window opens.
+class FormsTest : public ::testing::TestWithParam<std::string> {
+ protected:
+  FormsTest() {
+    memory_.program_folder.path = VELTA_SOURCE_DIR "/data";
+    velta_.Start();
+    memory_.event_loop.RunUntilIdle();
+    if (GetParam() == "frmSplash") velta_.Start();
+    windows().Open(GetParam());
+    EXPECT_THAT(memory_.message_box.shown, IsEmpty());
+    QTest::qWait(1);  // layouts settle on the first turn
+  }
+  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  Windows& windows() { return velta_.program().windows; }
+  const ui::Window& model() { return *windows().Find(GetParam()); }
+  static QWidget& root() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+      if (widget->objectName() == ToQString(GetParam()) && widget->isVisible()) return *widget;
+    }
+    ADD_FAILURE() << "not on the screen";
+    abort();
+  }
+  QWidget* WidgetOf(const ui::Control& control) {
+    return root().findChild<QWidget*>(Binder::WidgetName(control.name()));
+  }
+  ui::Platform PlatformWithWidgets() {
+    return {memory_.message_box, memory_.clipboard,      memory_.settings_store, memory_.launcher,
+            memory_.opener,      memory_.help_viewer,    memory_.user_name,      memory_.clock,
+            memory_.event_loop,  memory_.program_folder, window_system_,         memory_.locale};
+  }
+
+  ui::MemoryPlatform memory_;
+  WindowSystem window_system_{memory_.locale};
+  Velta velta_{PlatformWithWidgets(), {1, 0, 0, {}}};
+};
+
+TEST_P(FormsTest, EveryNamedWidgetHasItsControl) {
+  static const QRegularExpression kControlName(
+      "^(cbo|cmd|dtp|fra|img|lbl|lst|mnu|opt|pic|txt)[A-Z]");
+  std::set<QString> controls;
+  for (const ui::Control* control : model().controls()) {
+    controls.insert(Binder::WidgetName(control->name()));
+  }
+  std::vector<std::string> orphans;
+  for (const QObject* object : root().findChildren<QObject*>()) {
+    const QString name = object->objectName();
+    const bool other_window = GetParam() == "frmMenu" && object->isWidgetType() &&
+                              qobject_cast<QMdiSubWindow*>(object->parent()) != nullptr;
+    if (!other_window && kControlName.match(name).hasMatch() && controls.count(name) == 0) {
+      orphans.push_back(ToUtf8(name));
+    }
+  }
+  EXPECT_THAT(orphans, IsEmpty());
+}
+
+TEST_P(FormsTest, TheKeyboardCanGoWhereTheModelSaysAndNowhereElse) {
+  std::vector<std::string> differing;
+  for (const ui::Control* control : model().controls()) {
+    const QWidget* widget = WidgetOf(*control);
+    if (widget == nullptr || !control->enabled() || !control->visible()) continue;
+    const bool reachable = (widget->focusPolicy() & Qt::TabFocus) != 0;
+    if (reachable != control->CanTakeFocus()) differing.push_back(control->name());
+  }
+  EXPECT_THAT(differing, IsEmpty());
+}
+
+TEST_P(FormsTest, EveryInputHasANameForThoseWhoDoNotSeeIt) {
+  std::set<const QWidget*> named;
+  for (const QLabel* label : root().findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr && !label->text().isEmpty()) named.insert(label->buddy());
+  }
+  std::vector<std::string> nameless;
+  for (const ui::Control* control : model().controls()) {
+    const QWidget* widget = WidgetOf(*control);
+    if (widget == nullptr || !control->CanTakeFocus()) continue;
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    if (named.count(widget) == 0 && widget->accessibleName().isEmpty() &&
+        (button == nullptr || button->text().isEmpty())) {
+      nameless.push_back(control->name());
+    }
+  }
+  EXPECT_THAT(nameless, IsEmpty());
+}
+
+TEST_P(FormsTest, NothingIsClipped) {
+  std::vector<std::string> clipped;
+  for (const ui::Control* control : model().controls()) {
+    const QWidget* widget = WidgetOf(*control);
+    if (widget == nullptr || !widget->isVisible()) continue;
+    const QSize needed = widget->minimumSizeHint();
+    if (widget->width() < needed.width() || widget->height() < needed.height()) {
+      clipped.push_back(control->name());
+    }
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    // The hint line alone may be longer than its place.
+    if (label != nullptr && control->name() != "lblMSG" &&
+        label->width() < label->sizeHint().width()) {
+      clipped.push_back(control->name());
+    }
+  }
+  EXPECT_THAT(clipped, IsEmpty());
+}
+
+TEST_P(FormsTest, EveryPictureIsThere) {
+  for (const auto* button : root().findChildren<QAbstractButton*>()) {
+    if (button->objectName().startsWith("cmdMenu")) {
+      EXPECT_FALSE(button->icon().pixmap(button->iconSize()).isNull())
+          << ToUtf8(button->objectName());
+    }
+  }
+  EXPECT_FALSE(root().window()->windowIcon().pixmap(16).isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, FormsTest,
+                         ::testing::Values("frmSplash", "frmMenu", "frmJednotlivy"),
+                         [](const auto& test) { return test.param; });
+
+}  // namespace
+}  // namespace velta::qt

@@ -1,0 +1,41 @@
+#include "ui/qt/locale.h"
+
+#include <gtest/gtest.h>
+
+#include "ui/qt/text.h"
+
+namespace velta::qt {
+namespace {
+
+struct Row {
+  const char* name;
+  const char* locale;
+  const char* decimal;
+  const char* group;
+  const char* date_pattern;
+};
+
+class LocaleFormatTest : public ::testing::TestWithParam<Row> {};
+
+// The expected forms are those of the Unicode locale data, with the changes that the header names.
+TEST_P(LocaleFormatTest, IsTheUsersOwnInTheProgramsTerms) {
+  const ui::LocaleFormat format = LocaleFormatOf(QLocale(GetParam().locale));
+  EXPECT_EQ(format.decimal, GetParam().decimal);
+  EXPECT_EQ(format.group, GetParam().group);
+  EXPECT_EQ(format.date_pattern, GetParam().date_pattern);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Locales, LocaleFormatTest,
+    ::testing::Values(Row{"none_chosen_is_Czech", "C", ",", " ", "d.M.yyyy"},
+                      Row{"Czech_without_the_no_break_blank", "cs_CZ", ",", " ", "d.M.yyyy"},
+                      Row{"American_with_four_digit_year", "en_US", ".", ",", "M/d/yyyy"},
+                      Row{"British", "en_GB", ".", ",", "dd/MM/yyyy"},
+                      Row{"German_keeps_its_zeros", "de_DE", ",", ".", "dd.MM.yyyy"},
+                      Row{"French_without_the_narrow_blank", "fr_FR", ",", " ", "dd/MM/yyyy"},
+                      Row{"Hungarian_with_blanks_between", "hu_HU", ",", " ", "yyyy. MM. dd."},
+                      Row{"Bulgarian_word_for_year_gives_way", "bg_BG", ",", " ", "d.M.yyyy"}),
+    [](const auto& test) { return test.param.name; });
+
+}  // namespace
+}  // namespace velta::qt

@@ -1,0 +1,280 @@
+#include "ui/qt/window_system.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QShortcut>
+#include <QShortcutEvent>
+#include <algorithm>
+
+#include "ui/qt/binder.h"
+#include "ui/qt/forms.h"
+#include "ui/qt/text.h"
+#include "ui/window.h"
+
+namespace velta::qt {
+
+/// What the views of all kinds have in common. `content` are the form's widgets, `frame` is what
+/// stands on the screen: the same widget, or the sub-window around it.
+class WindowSystem::View : public QObject, public ui::WindowView {
+ public:
+  View(WindowSystem& system, ui::Window& window, QWidget* content, QWidget* frame)
+      : system_(system),
+        window_(window),
+        content_(content),
+        frame_(frame),
+        binder_(new Binder(window, *content, system.hints_, system.locale_)) {
+    frame->installEventFilter(this);
+    const QPointer<View> self(this);
+    const auto show_caption = [this] { content_->setWindowTitle(ToQString(window_.caption())); };
+    show_caption();
+    window.CaptionChanged.Connect([self, show_caption] {
+      if (self != nullptr) show_caption();
+    });
+    window.BusyChanged.Connect([self] {
+      if (self != nullptr) self->ShowPointer(self->window_.busy());
+    });
+    window.FocusMoved.Connect([self] {
+      if (self != nullptr && self->IsActive()) self->binder_->TakeFocus();
+    });
+  }
+
+  ~View() override {
+    ShowPointer(false);
+    binder_->StopListening();
+    frame_->removeEventFilter(this);
+    frame_->hide();
+    // Not at once: a widget may be on its way through one of its own events.
+    frame_->deleteLater();
+  }
+
+  void Close() override {
+    const QScopedValueRollback acting(system_.program_acts_, true);
+    binder_->StopListening();
+    listening_ = false;
+    ShowPointer(false);
+    frame_->hide();
+  }
+
+ protected:
+  virtual bool IsActive() const = 0;
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != frame_) return false;
+    if (event->type() == QEvent::Close) {
+      // The window itself decides whether it goes.
+      event->ignore();
+      AskToClose();
+      return true;
+    }
+    return false;
+  }
+
+  void AskToClose() {
+    if (listening_) window_.CloseRequested.Raise();
+  }
+
+  WindowSystem& system_;
+  ui::Window& window_;
+  QWidget* content_;
+  QWidget* frame_;
+  Binder* binder_;  // lives with the content
+
+ private:
+  void ShowPointer(bool busy) {
+    if (busy == busy_) return;
+    busy_ = busy;
+    if (busy) {
+      QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+      QApplication::restoreOverrideCursor();
+    }
+  }
+
+  bool listening_ = true;
+  bool busy_ = false;
+};
+
+/// The splash and the main window.
+class WindowSystem::TopView final : public WindowSystem::View {
+ public:
+  TopView(WindowSystem& system, ui::Window& window, QWidget* content)
+      : View(system, window, content, content) {
+    const QRect screen = content->screen()->availableGeometry();
+    content->resize(content->size().boundedTo(screen.size()));
+    content->move(screen.center() - content->rect().center());
+  }
+
+  void Show() override {
+    if (frame_->isMinimized()) frame_->showNormal();
+    frame_->show();
+    Activate();
+  }
+
+  void Activate() override {
+    const QScopedValueRollback acting(system_.program_acts_, true);
+    if (!frame_->isActiveWindow()) {
+      frame_->raise();
+      frame_->activateWindow();
+    }
+    binder_->TakeFocus();
+  }
+
+ protected:
+  bool IsActive() const override { return frame_->isActiveWindow(); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == frame_ && window_.kind() == ui::WindowKind::kSplash && PutsAway(*event)) {
+      AskToClose();
+      return true;
+    }
+    return View::eventFilter(watched, event);
+  }
+
+ private:
+  /// The splash has no close box: a click or Esc does it.
+  static bool PutsAway(const QEvent& event) {
+    return event.type() == QEvent::MouseButtonRelease ||
+           (event.type() == QEvent::KeyPress &&
+            static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape);
+  }
+};
+
+class WindowSystem::ChildView final : public WindowSystem::View {
+ public:
+  ChildView(WindowSystem& system, ui::Window& window, QWidget* content)
+      : View(system, window, content, new QMdiSubWindow),
+        sub_window_(static_cast<QMdiSubWindow*>(frame_)) {
+    sub_window_->setWidget(content);
+    sub_window_->setAttribute(Qt::WA_DeleteOnClose, false);
+    sub_window_->setWindowIcon(content->windowIcon());
+    // Ctrl+W is too easily hit by somebody who types; Ctrl+F4 closes a window inside another.
+    for (QAction* action : sub_window_->systemMenu()->actions()) {
+      if (!action->shortcut().isEmpty()) action->setShortcut(Qt::CTRL | Qt::Key_F4);
+    }
+    system.children_.insert(sub_window_, &window);
+    const QScopedValueRollback acting(system.program_acts_, true);
+    system.desktop_->addSubWindow(sub_window_);
+    sub_window_->hide();
+  }
+
+  ~ChildView() override { Remove(); }
+
+  void Show() override {
+    const QScopedValueRollback acting(system_.program_acts_, true);
+    if (!placed_) Place();
+    if (sub_window_->isMinimized()) {
+      sub_window_->showNormal();
+    } else {
+      sub_window_->show();
+      content_->show();
+    }
+    Activate();
+  }
+
+  void Activate() override {
+    const QScopedValueRollback acting(system_.program_acts_, true);
+    system_.desktop_->setActiveSubWindow(sub_window_);
+    binder_->TakeFocus();
+  }
+
+  void Close() override {
+    View::Close();
+    Remove();
+  }
+
+ protected:
+  /// Also while another program has the keyboard.
+  bool IsActive() const override {
+    return sub_window_->isVisible() && system_.desktop_->currentSubWindow() == sub_window_;
+  }
+
+ private:
+  /// Out of the desktop at once, so that the activation of the next window belongs to this moment.
+  void Remove() {
+    if (system_.children_.remove(sub_window_) == 0 || system_.desktop_ == nullptr) return;
+    const QScopedValueRollback acting(system_.program_acts_, true);
+    system_.desktop_->removeSubWindow(sub_window_);
+  }
+
+  /// Each a little below and to the right of the one before, all of it in view.
+  void Place() {
+    constexpr int kStep = 28;
+    constexpr int kSteps = 6;
+    placed_ = true;
+    if (sub_window_->isMaximized()) return;  // opens as large as the one before
+    const QSize area = system_.desktop_->viewport()->size();
+    const QSize size =
+        sub_window_->sizeHint().boundedTo(area).expandedTo(sub_window_->minimumSizeHint());
+    const auto others = system_.desktop_->subWindowList();
+    const auto visible = std::count_if(others.begin(), others.end(),
+                                       [](const auto* other) { return other->isVisible(); });
+    const int offset = kStep / 2 + kStep * (static_cast<int>(visible) % kSteps);
+    sub_window_->setGeometry(
+        QRect(QPoint(std::clamp(offset, 0, std::max(0, area.width() - size.width())),
+                     std::clamp(offset, 0, std::max(0, area.height() - size.height()))),
+              size));
+  }
+
+  QMdiSubWindow* sub_window_;
+  bool placed_ = false;
+};
+
+WindowSystem::WindowSystem(const ui::LocaleFormat& locale) : locale_(locale) {
+  qApp->installEventFilter(this);
+}
+
+std::unique_ptr<ui::WindowView> WindowSystem::CreateView(ui::Window& window) {
+  QWidget* content = MakeForm(ToQString(window.name()));
+  if (content == nullptr) qFatal("There is no form for %s.", window.name().c_str());
+  if (window.kind() == ui::WindowKind::kChild) {
+    return std::make_unique<ChildView>(*this, window, content);
+  }
+  if (window.kind() == ui::WindowKind::kSplash) {
+    content->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    return std::make_unique<TopView>(*this, window, content);
+  }
+  desktop_ = content->findChild<QMdiArea*>();
+  connect(desktop_, &QMdiArea::subWindowActivated, this, &WindowSystem::SubWindowActivated);
+  auto* menu_bar = static_cast<QMainWindow*>(content)->menuBar();
+  connect(new QShortcut(Qt::Key_F10, content), &QShortcut::activated, menu_bar,
+          [menu_bar] { menu_bar->setActiveAction(menu_bar->actions().value(0)); });
+  return std::make_unique<TopView>(*this, window, content);
+}
+
+bool WindowSystem::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() != QEvent::Shortcut) return false;
+  const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+  return shortcut.isAmbiguous() && ClickInActiveChild(shortcut);
+}
+
+void WindowSystem::SubWindowActivated(QMdiSubWindow* sub_window) {
+  // None is active while the keyboard is in another program or in a message box.
+  if (sub_window == nullptr || sub_window == active_) return;
+  active_ = sub_window;
+  if (program_acts_) return;
+  if (ui::Window* window = children_.value(sub_window)) window->Activated.Raise();
+}
+
+/// Alt+V is a menu and, in the calculation windows, a button: then the button is meant. Qt by
+/// itself would do neither.
+bool WindowSystem::ClickInActiveChild(const QShortcutEvent& event) {
+  if (desktop_ == nullptr || desktop_->activeSubWindow() == nullptr) return false;
+  for (auto* button : desktop_->activeSubWindow()->findChildren<QAbstractButton*>()) {
+    if (button->isVisible() && button->isEnabled() && button->shortcut() == event.key()) {
+      button->animateClick();
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace velta::qt

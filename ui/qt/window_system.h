@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+#include "ui/locale.h"
+#include "ui/qt/hint_filter.h"
+#include "ui/window_system.h"
+
+class QMdiArea;
+class QMdiSubWindow;
+class QShortcutEvent;
+
+namespace velta::qt {
+
+/// Makes the views of all windows. A child opens in the main window, so that one has to be made
+/// first.
+class WindowSystem final : public QObject, public ui::WindowSystem {
+ public:
+  /// `locale` must outlive the window system.
+  explicit WindowSystem(const ui::LocaleFormat& locale);
+
+  [[nodiscard]] std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class View;
+  class TopView;
+  class ChildView;
+
+  void SubWindowActivated(QMdiSubWindow* sub_window);
+  bool ClickInActiveChild(const QShortcutEvent& event);
+
+  const ui::LocaleFormat& locale_;
+  HintFilter hints_;
+  QPointer<QMdiArea> desktop_;
+  QHash<const QObject*, ui::Window*> children_;
+  const QObject* active_ = nullptr;  // the sub-window that was activated last
+  bool program_acts_ = false;        // activations that follow are not the user's
+};
+
+}  // namespace velta::qt

@@ -1,0 +1,230 @@
+#include "ui/qt/window_system.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QShortcutEvent>
+#include <QTest>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/controls.h"
+#include "ui/memory/memory_platform.h"
+#include "ui/window.h"
+
+namespace velta::qt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A child window with two of the single calculation's controls.
+struct Child : ui::Window {
+  explicit Child(ui::EventLoop& loop) : ui::Window("frmJednotlivy", ui::WindowKind::kChild, loop) {}
+  ui::TextBox txtDluznaCastka{*this, "txtDluznaCastka"};
+  ui::Button cmdNovy{*this, "cmdNovy"};
+};
+
+class WindowSystemTest : public ::testing::Test {
+ protected:
+  WindowSystemTest() {
+    main_view_->Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(Main()));
+  }
+
+  static QMainWindow* Main() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (auto* main = qobject_cast<QMainWindow*>(widget); main != nullptr && main->isVisible()) {
+        return main;
+      }
+    }
+    return nullptr;
+  }
+  static QMdiArea& Desktop() { return *Main()->findChild<QMdiArea*>(); }
+  static std::vector<QMdiSubWindow*> VisibleChildren() {
+    std::vector<QMdiSubWindow*> visible;
+    for (QMdiSubWindow* sub : Desktop().subWindowList()) {
+      if (sub->isVisible()) visible.push_back(sub);
+    }
+    return visible;
+  }
+
+  ui::LocaleFormat locale_;
+  ui::MemoryEventLoop loop_;
+  WindowSystem system_{locale_};
+  ui::Window main_{"frmMenu", ui::WindowKind::kMain, loop_};
+  std::unique_ptr<ui::WindowView> main_view_ = system_.CreateView(main_);
+};
+
+class ChildTest : public WindowSystemTest {
+ protected:
+  ChildTest() {
+    for (Child* child : {&first_, &second_}) {
+      child->Activated.Connect([this, child] { activated_.push_back(child->caption()); });
+      child->CloseRequested.Connect([this, child] { closing_.push_back(child->caption()); });
+    }
+    first_.SetCaption("první");
+    second_.SetCaption("druhé");
+  }
+
+  void ShowBoth() {
+    first_view_->Show();
+    second_view_->Show();
+    ASSERT_EQ(VisibleChildren().size(), 2U);
+  }
+  static QMdiSubWindow* Sub(const char* caption) {
+    for (QMdiSubWindow* sub : VisibleChildren()) {
+      if (sub->windowTitle() == caption) return sub;
+    }
+    return nullptr;
+  }
+
+  Child first_{loop_};
+  Child second_{loop_};
+  std::unique_ptr<ui::WindowView> first_view_ = system_.CreateView(first_);
+  std::unique_ptr<ui::WindowView> second_view_ = system_.CreateView(second_);
+  std::vector<std::string> activated_;
+  std::vector<std::string> closing_;
+};
+
+TEST_F(WindowSystemTest, MainWindowAsksBeforeItCloses) {
+  int asked = 0;
+  main_.CloseRequested.Connect([&] { ++asked; });
+  QMainWindow* main = Main();
+  main->close();
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(main->isVisible());
+  main_view_->Close();
+  EXPECT_FALSE(main->isVisible());
+}
+
+TEST_F(WindowSystemTest, BusyWindowShowsTheHourglassUntilItIsDone) {
+  main_.SetBusy(true);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  main_.SetBusy(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(WindowSystemTest, SplashGoesByAClickAndByEsc) {
+  ui::Window splash("frmSplash", ui::WindowKind::kSplash, loop_);
+  int asked = 0;
+  splash.CloseRequested.Connect([&] { ++asked; });
+  const auto view = system_.CreateView(splash);
+  view->Show();
+  QWidget* widget = nullptr;
+  for (QWidget* top : QApplication::topLevelWidgets()) {
+    if (top->objectName() == "frmSplash") widget = top;
+  }
+  ASSERT_NE(widget, nullptr);
+  QTest::mouseClick(widget, Qt::LeftButton);
+  EXPECT_EQ(asked, 1);
+  QTest::keyClick(widget, Qt::Key_Escape);
+  EXPECT_EQ(asked, 2);
+}
+
+TEST_F(ChildTest, NothingIsSeenBeforeShow) { EXPECT_THAT(VisibleChildren(), IsEmpty()); }
+
+TEST_F(ChildTest, OpensInTheMainWindowWithItsCaptionWhollyInView) {
+  ShowBoth();
+  ASSERT_NE(Sub("první"), nullptr);
+  ASSERT_NE(Sub("druhé"), nullptr);
+  EXPECT_NE(Sub("první")->pos(), Sub("druhé")->pos());
+  EXPECT_EQ(Sub("první")->windowIcon().isNull(), false);
+}
+
+TEST_F(ChildTest, UsersTurningToAWindowIsToldOnce) {
+  ShowBoth();
+  EXPECT_THAT(activated_, IsEmpty()) << "showing is the program's act";
+  Desktop().setActiveSubWindow(Sub("první"));
+  EXPECT_THAT(activated_, ElementsAre("první"));
+}
+
+TEST_F(ChildTest, ActivationByTheProgramOrByAnothersEndIsNotTheUsers) {
+  ShowBoth();
+  first_view_->Activate();
+  second_view_->Activate();
+  second_view_->Close();
+  second_view_.reset();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_THAT(activated_, IsEmpty());
+}
+
+TEST_F(ChildTest, CloseBoxAsksAndTheWindowStays) {
+  ShowBoth();
+  Sub("první")->close();
+  EXPECT_THAT(closing_, ElementsAre("první"));
+  EXPECT_NE(Sub("první"), nullptr);
+}
+
+TEST_F(ChildTest, WindowMayCloseInsideItsOwnCloseRequest) {
+  first_.CloseRequested.Connect([this] { first_view_->Close(); });
+  ShowBoth();
+  Sub("první")->close();
+  EXPECT_EQ(Sub("první"), nullptr);
+}
+
+TEST_F(ChildTest, ClosedWindowCanBeOpenedAgainAtOnce) {
+  ShowBoth();
+  first_view_->Close();
+  Child again(loop_);
+  const auto view = system_.CreateView(again);
+  view->Show();
+  EXPECT_EQ(VisibleChildren().size(), 2U);
+}
+
+TEST_F(ChildTest, CtrlWDoesNotClose) {
+  first_view_->Show();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_W, Qt::ControlModifier);
+  EXPECT_THAT(closing_, IsEmpty());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ControlModifier);
+  EXPECT_THAT(closing_, ElementsAre("první"));
+}
+
+TEST_F(ChildTest, KeyboardFollowsTheModelOfTheActiveWindow) {
+  ShowBoth();
+  second_.cmdNovy.SetFocus();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdNovy");
+  first_.txtDluznaCastka.SetFocus();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdNovy") << "another window is active";
+  first_view_->Activate();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+}
+
+TEST_F(ChildTest, MinimisedWindowIsRestoredByShow) {
+  ShowBoth();
+  QMdiSubWindow* sub = Sub("první");
+  sub->showMinimized();
+  first_view_->Show();
+  EXPECT_FALSE(sub->isMinimized());
+  EXPECT_EQ(Desktop().activeSubWindow(), sub);
+}
+
+TEST_F(ChildTest, AccessKeyOfTheMenuAndTheActiveWindowsButtonIsTheButtons) {
+  int clicks = 0;
+  first_.cmdNovy.Click.Connect([&] { ++clicks; });
+  first_.cmdNovy.SetCaption("Nový &výpočet");
+  first_view_->Show();
+  // The main window's menu "&Výpočty" has the same key.
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks > 0; }, 1000));
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(WindowSystemTest, F10OpensTheMenuBar) {
+  QTest::keyClick(Main(), Qt::Key_F10);
+  QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_EQ(menu->objectName(), "mnuVypocty");
+  menu->close();
+}
+
+}  // namespace
+}  // namespace velta::qt
