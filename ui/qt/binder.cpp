@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include "ui/qt/date_field.h"
@@ -74,8 +75,13 @@ QString Binder::WidgetName(const std::string& control_name) {
 void Binder::TakeFocus() {
   if (window_.focused() == nullptr) return;
   QWidget* widget = Find<QWidget>(*window_.focused());
-  // As Tab does it: what the box holds is marked, and typing replaces it.
-  if (widget != nullptr && !widget->hasFocus()) widget->setFocus(Qt::TabFocusReason);
+  if (widget != nullptr && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+}
+
+void Binder::FollowFocus() {
+  if (user_leads_ || window_.focused() == nullptr) return;
+  TakeFocus();
+  if (auto* line = Find<QLineEdit>(*window_.focused())) line->selectAll();
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -84,6 +90,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       // Only where the user led the keyboard; a window that comes to the front is not such an act.
       if (IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
+        const QScopedValueRollback leading(user_leads_, true);
         controls_.value(watched)->SetFocus();
       }
       return false;

@@ -26,6 +26,9 @@ class Binder final : public QObject, private ui::ControlVisitor {
 
   /// Gives the keyboard to the widget of the model's focused control.
   void TakeFocus();
+  /// The same after the model's focus has moved: what a box holds is marked as Tab does it, so that
+  /// typing replaces it. Where the user led the keyboard there is nothing to follow.
+  void FollowFocus();
 
   /// From now on the user's acts are no longer written into the model.
   void StopListening() { listening_ = false; }
@@ -66,6 +69,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   QHash<const QObject*, ui::Control*> controls_;
   QHash<const QObject*, ui::TextBox*> lines_;
   bool listening_ = true;
+  bool user_leads_ = false;
 };
 
 }  // namespace velta::qt

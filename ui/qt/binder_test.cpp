@@ -321,6 +321,20 @@ TEST_F(BinderTest, TakeFocusFollowsTheModel) {
   EXPECT_THAT(focused_, ElementsAre("dtpDen")) << "once, by the model itself";
 }
 
+TEST_F(BinderTest, WhatABoxHoldsIsMarkedWhenTheProgramLeadsTheKeyboardThere) {
+  model_.FocusMoved.Connect([this] { binder_.FollowFocus(); });
+  edit_.setText("123");
+  edit_.deselect();
+  rate_.setFocus(Qt::OtherFocusReason);
+  model_.txtFaktura.SetFocus();
+  EXPECT_EQ(edit_.selectedText(), "123");
+
+  model_.txtSazba.SetFocus();
+  edit_.deselect();
+  edit_.setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(edit_.selectedText(), "") << "who clicks into a text means that place";
+}
+
 TEST_F(BinderTest, PointerOverControlsFramesAndTheBareWindow) {
   QTest::mouseMove(&button_);
   QTest::mouseMove(&label_);

@@ -43,7 +43,7 @@ class WindowSystem::View : public QObject, public ui::WindowView {
       if (self != nullptr) self->ShowPointer(self->window_.busy());
     });
     window.FocusMoved.Connect([self] {
-      if (self != nullptr && self->IsActive()) self->binder_->TakeFocus();
+      if (self != nullptr && self->IsActive()) self->binder_->FollowFocus();
     });
   }
 
