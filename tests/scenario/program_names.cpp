@@ -1,0 +1,65 @@
+#include "tests/scenario/program_names.h"
+
+#include <memory>
+
+#include "shell/velta.h"
+#include "ui/controls.h"
+#include "ui/memory/memory_platform.h"
+#include "ui/window.h"
+
+namespace velta::scenario {
+
+namespace {
+
+class KindVisitor final : public ui::ControlVisitor {
+ public:
+  void Visit(ui::Button&) override { kind = Kind::kButton; }
+  void Visit(ui::DatePicker&) override { kind = Kind::kDatePicker; }
+  void Visit(ui::DropDown&) override { kind = Kind::kDropDown; }
+  void Visit(ui::Frame&) override { kind = Kind::kFrame; }
+  void Visit(ui::Label&) override { kind = Kind::kLabel; }
+  void Visit(ui::MenuItem&) override { kind = Kind::kMenuItem; }
+  void Visit(ui::TextBox&) override { kind = Kind::kTextBox; }
+  void Visit(ui::TimerControl&) override { kind = Kind::kTimer; }
+
+  Kind kind = Kind::kLabel;
+};
+
+Kind KindOf(ui::Control& control) {
+  KindVisitor visitor;
+  control.Accept(visitor);
+  return visitor.kind;
+}
+
+/// Notes the controls of each window that wants to be seen.
+class NameCollector final : public ui::WindowSystem {
+ public:
+  std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override {
+    for (ui::Control* control : window.controls()) {
+      names[window.name()][control->name()] = KindOf(*control);
+    }
+    return windows_.CreateView(window);
+  }
+
+  Names names;
+
+ private:
+  ui::MemoryWindowSystem windows_;
+};
+
+}  // namespace
+
+Names ProgramNames() {
+  ui::MemoryPlatform memory;
+  NameCollector collector;
+  const ui::Platform platform{memory.message_box,    memory.clipboard, memory.settings_store,
+                              memory.launcher,       memory.opener,    memory.help_viewer,
+                              memory.user_name,      memory.clock,     memory.event_loop,
+                              memory.program_folder, collector,        memory.locale};
+  Velta velta(platform, ProgramInfo{});
+  Windows& windows = velta.program().windows;
+  for (const std::string& name : windows.names()) windows.Open(name);
+  return std::move(collector.names);
+}
+
+}  // namespace velta::scenario

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include "shell/velta.h"
+#include "tests/scenario/driver.h"
+#include "tests/scenario/script.h"
+#include "tests/scenario/world.h"
+
+namespace velta::scenario {
+
+/// Plays one scenario: does on the driver what its lines say and writes what the program answers.
+class Runner {
+ public:
+  /// `folder` is where the scenario lies; relative program folders start there.
+  Runner(World& world, Driver& driver, std::ostream& transcript, std::string folder);
+  ~Runner();
+  Runner(const Runner&) = delete;
+  Runner& operator=(const Runner&) = delete;
+
+  /// Returns whether every expectation held.
+  bool Play(const Script& script);
+
+ private:
+  void Do(const Command& command);
+  void ChangeWorld(const Command& command);
+  void SetServiceFails(const std::string& service, bool fails);
+  void Start();
+  /// False where the user could not do it.
+  bool Act(const Command& command);
+  void Read(const Command& command);
+  void ReadItems(const Property& property);
+  void WriteValue(const Command& command, const std::string& name, const Value& value);
+  Value GetValue(const Property& property);
+
+  Form* FindWindow(const Place& place) const;
+  ui::Control* FindControl(const Place& place) const;
+
+  World& world_;
+  Driver& driver_;
+  std::ostream& transcript_;
+  std::string folder_;
+  ui::Platform platform_;
+  std::unique_ptr<Velta> velta_;  // null until the first start
+  bool waits_ = true;
+  bool all_held_ = true;
+};
+
+}  // namespace velta::scenario
