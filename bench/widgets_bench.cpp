@@ -35,8 +35,8 @@ void KeyInTheAmountBox(benchmark::State& state) {
   memory.program_folder.path = VELTA_SOURCE_DIR "/data";
   qt::QtPlatform qt;
   Velta velta({qt.message_box, memory.clipboard, memory.settings_store, memory.launcher,
-               memory.opener, memory.help_viewer, memory.user_name, memory.clock, qt.event_loop,
-               memory.program_folder, qt.window_system, memory.locale},
+               memory.opener, memory.printer, memory.help_viewer, memory.user_name, memory.clock,
+               qt.event_loop, memory.program_folder, qt.window_system, memory.locale},
               {});
   velta.Start();
   while (!velta.program().windows.IsLoaded("frmMenu")) QApplication::processEvents();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <string_view>
 
 #include "shell/common/date.h"
@@ -21,6 +22,11 @@ enum class RateKind {
 
 inline constexpr std::array<std::string_view, 6> kRateKindTexts = {
     "% denně", "% ročně", "‰ denně", "‰ ročně", "Dle Diskontní sazby ČNB", "Dle Repo sazby ČNB"};
+
+/// The kind's text in the lists and in the accounts.
+constexpr std::string_view Text(RateKind kind) {
+  return kRateKindTexts.at(static_cast<std::size_t>(kind));
+}
 
 /// Whether the rate comes from the bank's tables; else the user types it.
 constexpr bool IsBankKind(RateKind kind) { return kind >= RateKind::kDiscount; }

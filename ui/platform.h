@@ -8,6 +8,7 @@
 #include "ui/locale.h"
 #include "ui/message_box.h"
 #include "ui/opener.h"
+#include "ui/printer.h"
 #include "ui/program_folder.h"
 #include "ui/settings_store.h"
 #include "ui/user_name.h"
@@ -23,6 +24,7 @@ struct Platform {
   SettingsStore& settings_store;
   Launcher& launcher;
   Opener& opener;
+  Printer& printer;
   HelpViewer& help_viewer;
   UserName& user_name;
   Clock& clock;

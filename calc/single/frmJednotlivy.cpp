@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "calc/single/single_printout.h"
 #include "calc/single/single_report.h"
 #include "shell/common/help.h"
 #include "shell/common/modPromenne.h"
@@ -286,11 +287,15 @@ void frmJednotlivy::cmdNovy_Click() {
 }
 
 void frmJednotlivy::cmdTiskVyp_Click() {
-  if (!program_.state.CalculationFinished) {
+  // Without a record the first repo result is still on its way.
+  if (!program_.state.CalculationFinished || !result_) {
     Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
     return;
   }
-  throw Error(ErrorNumber::kPrinter);  // the program cannot print yet
+  const ui::PrintedDocument printout = SinglePrintout(*result_, program_.platform.locale);
+  const std::unique_ptr<ui::PrintJob> job = program_.platform.printer.AskUser(printout.name);
+  if (job == nullptr) return;  // the user knows that he cancelled
+  if (!job->Print(printout)) throw Error(ErrorNumber::kPrinter);
 }
 
 void frmJednotlivy::cmdTiskFa_Click() {

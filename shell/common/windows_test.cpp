@@ -82,11 +82,6 @@ class WindowsTest : public ::testing::Test {
           name, [this, name] { return std::make_unique<SampleForm>(program_, name, log()); });
     }
   }
-  ui::Platform Platform() {
-    return {memory_.message_box, memory_.clipboard,      memory_.settings_store, memory_.launcher,
-            memory_.opener,      memory_.help_viewer,    memory_.user_name,      memory_.clock,
-            memory_.event_loop,  memory_.program_folder, window_system_,         memory_.locale};
-  }
   Windows& windows() { return program_.windows; }
   std::vector<std::string>& log() { return window_system_.log; }
   SampleForm& form(const std::string& name) {
@@ -97,7 +92,7 @@ class WindowsTest : public ::testing::Test {
   RecordingWindowSystem window_system_;
   ui::Window strip_{"strip", ui::WindowKind::kMain, memory_.event_loop};
   ui::Label lblMSG_{strip_, "lblMSG"};
-  Program program_{Platform(), {}};
+  Program program_{memory_.platform(window_system_), {}};
 };
 
 TEST_F(WindowsTest, OpenLoadsShowsAndFocuses) {

@@ -52,11 +52,7 @@ class NameCollector final : public ui::WindowSystem {
 Names ProgramNames() {
   ui::MemoryPlatform memory;
   NameCollector collector;
-  const ui::Platform platform{memory.message_box,    memory.clipboard, memory.settings_store,
-                              memory.launcher,       memory.opener,    memory.help_viewer,
-                              memory.user_name,      memory.clock,     memory.event_loop,
-                              memory.program_folder, collector,        memory.locale};
-  Velta velta(platform, ProgramInfo{});
+  Velta velta(memory.platform(collector), ProgramInfo{});
   Windows& windows = velta.program().windows;
   for (const std::string& name : windows.names()) windows.Open(name);
   return std::move(collector.names);

@@ -24,10 +24,11 @@ Runner::Runner(World& world, Driver& driver, std::ostream& transcript, std::stri
       driver_(driver),
       transcript_(transcript),
       folder_(std::move(folder)),
-      platform_{driver.message_box(),  driver.clipboard(),     world_.settings_store,
-                world_.other_programs, world_.other_programs,  world_.other_programs,
-                world_.user_name,      world_.clock,           driver.event_loop(),
-                world_.program_folder, driver.window_system(), world_.locale} {
+      platform_{driver.message_box(),  driver.clipboard(),    world_.settings_store,
+                world_.other_programs, world_.other_programs, world_.printer,
+                world_.other_programs, world_.user_name,      world_.clock,
+                driver.event_loop(),   world_.program_folder, driver.window_system(),
+                world_.locale} {
   driver_.on_message = [this](ui::Icon icon, const std::string& caption, const std::string& text) {
     transcript_ << "message " << (icon == ui::Icon::kCritical ? "critical" : "information") << ' '
                 << Quote(caption) << ' ' << Quote(text) << '\n';
@@ -119,11 +120,13 @@ void Runner::ChangeWorld(const Command& command) {
       SetServiceFails(command.text, command.verb == Verb::kFail);
       break;
     default:
-      break;  // how a print dialog is answered matters only to a program that prints
+      world_.printer.answer = command.number > 0 ? std::optional(command.number) : std::nullopt;
+      break;
   }
 }
 
 void Runner::SetServiceFails(const std::string& service, bool fails) {
+  if (service == "printer") world_.printer.fails = fails;
   if (service == "clipboard") driver_.SetClipboardFails(fails);
   if (service == "store") world_.settings_store.fails = fails;
   if (service == "launcher") world_.other_programs.launcher_fails = fails;
@@ -219,7 +222,18 @@ void Runner::Read(const Command& command) {
       }
       break;
     default:
-      break;  // nothing has been printed: the program does not print yet
+      for (const auto& printed : std::exchange(world_.printer.printed, {})) WritePrinted(printed);
+      break;
+  }
+}
+
+void Runner::WritePrinted(const ui::MemoryPrinter::Printed& printed) {
+  const ui::PrintedDocument& document = printed.document;
+  transcript_ << "document " << document.font << ' ' << document.point_size << " copies "
+              << printed.copies << '\n';
+  for (const ui::PrintedLine& line : document.lines) {
+    const std::string text = line.text.substr(0, line.text.find_last_not_of(' ') + 1);
+    transcript_ << (line.bold ? "  *" : "  |") << text << '\n';
   }
 }
 

@@ -31,6 +31,7 @@ class Runner {
   /// False where the user could not do it.
   bool Act(const Command& command);
   void Read(const Command& command);
+  void WritePrinted(const ui::MemoryPrinter::Printed& printed);
   void ReadItems(const Property& property);
   void WriteValue(const Command& command, const std::string& name, const Value& value);
   Value GetValue(const Property& property);

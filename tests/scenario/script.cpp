@@ -277,7 +277,7 @@ class Parser {
 
   void PrintDialog(std::string_view rest, Command& command) const {
     command.verb = Verb::kPrintDialog;
-    if (rest == "cancel") return;
+    if (rest == "cancel") return;  // no copies
     if (TakeUntil(rest, " ") != "copies") throw Bad("printdialog is 'copies N' or 'cancel'");
     command.number = ParseIndex(rest);
     if (command.number == 0) throw Bad("a document has one copy at least");

@@ -46,6 +46,7 @@ class OtherPrograms final : public ui::Launcher, public ui::Opener, public ui::H
 struct World {
   ui::MemorySettingsStore settings_store;
   OtherPrograms other_programs;
+  ui::MemoryPrinter printer;
   ui::MemoryUserName user_name;
   ui::MemoryClock clock;
   ui::MemoryProgramFolder program_folder;

@@ -85,6 +85,31 @@ bool MemoryOpener::Open(std::string_view address) {
   return true;
 }
 
+namespace {
+
+class MemoryPrintJob final : public PrintJob {
+ public:
+  MemoryPrintJob(MemoryPrinter& printer, int copies) : printer_(printer), copies_(copies) {}
+  int copies() const override { return copies_; }
+  bool Print(const PrintedDocument& document) override {
+    if (printer_.fails) return false;
+    printer_.printed.push_back({document, copies_});
+    return true;
+  }
+
+ private:
+  MemoryPrinter& printer_;
+  int copies_;
+};
+
+}  // namespace
+
+std::unique_ptr<PrintJob> MemoryPrinter::AskUser(const std::string& document_name) {
+  asked.push_back(document_name);
+  if (!answer) return nullptr;
+  return std::make_unique<MemoryPrintJob>(*this, *answer);
+}
+
 bool MemoryHelpViewer::OpenContents(std::string_view file) {
   if (fails) return false;
   opened.push_back({std::string(file), std::nullopt});

@@ -100,6 +100,21 @@ class MemoryOpener final : public Opener {
   bool fails = false;
 };
 
+/// Answers every print dialog in the same way and keeps what is printed.
+class MemoryPrinter final : public Printer {
+ public:
+  struct Printed {
+    PrintedDocument document;
+    int copies = 0;
+  };
+  std::unique_ptr<PrintJob> AskUser(const std::string& document_name) override;
+
+  std::optional<int> answer = 1;   ///< the copies that the user chooses; nullopt: he cancels
+  std::vector<std::string> asked;  ///< the documents for which the dialog was shown
+  std::vector<Printed> printed;
+  bool fails = false;
+};
+
 /// Looks for no file: it records what it was asked to show.
 class MemoryHelpViewer final : public HelpViewer {
  public:
@@ -153,6 +168,7 @@ struct MemoryPlatform {
   MemorySettingsStore settings_store;
   MemoryLauncher launcher;
   MemoryOpener opener;
+  MemoryPrinter printer;
   MemoryHelpViewer help_viewer;
   MemoryUserName user_name;
   MemoryClock clock;
@@ -161,9 +177,11 @@ struct MemoryPlatform {
   MemoryWindowSystem window_system;
   LocaleFormat locale;
 
-  Platform platform() {
-    return {message_box, clipboard, settings_store, launcher,       opener,        help_viewer,
-            user_name,   clock,     event_loop,     program_folder, window_system, locale};
+  Platform platform() { return platform(window_system); }
+  /// The same with windows of another kind.
+  Platform platform(WindowSystem& windows) {
+    return {message_box, clipboard, settings_store, launcher,       opener,  printer, help_viewer,
+            user_name,   clock,     event_loop,     program_folder, windows, locale};
   }
 };
 

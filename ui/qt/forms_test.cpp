@@ -57,15 +57,9 @@ class FormsTest : public ::testing::TestWithParam<std::string> {
   QWidget* WidgetOf(const ui::Control& control) {
     return root().findChild<QWidget*>(Binder::WidgetName(control.name()));
   }
-  ui::Platform PlatformWithWidgets() {
-    return {memory_.message_box, memory_.clipboard,      memory_.settings_store, memory_.launcher,
-            memory_.opener,      memory_.help_viewer,    memory_.user_name,      memory_.clock,
-            memory_.event_loop,  memory_.program_folder, window_system_,         memory_.locale};
-  }
-
   ui::MemoryPlatform memory_;
   WindowSystem window_system_{memory_.locale};
-  Velta velta_{PlatformWithWidgets(), {1, 0, 0, {}}};
+  Velta velta_{memory_.platform(window_system_), {1, 0, 0, {}}};
 };
 
 TEST_P(FormsTest, EveryNamedWidgetHasItsControl) {

@@ -9,6 +9,7 @@
 #include "ui/qt/locale.h"
 #include "ui/qt/message_box.h"
 #include "ui/qt/opener.h"
+#include "ui/qt/printer.h"
 #include "ui/qt/program_folder.h"
 #include "ui/qt/settings_store.h"
 #include "ui/qt/user_name.h"
@@ -19,8 +20,9 @@ namespace velta::qt {
 /// All services on Qt. Needs a QApplication that outlives it.
 struct QtPlatform {
   ui::Platform platform() {
-    return {message_box, clipboard, settings_store, launcher,       opener,        help_viewer,
-            user_name,   clock,     event_loop,     program_folder, window_system, locale};
+    return {message_box,    clipboard,     settings_store, launcher, opener,
+            printer,        help_viewer,   user_name,      clock,    event_loop,
+            program_folder, window_system, locale};
   }
 
   ui::LocaleFormat locale = LocaleFormatOf(QLocale::system());
@@ -30,6 +32,7 @@ struct QtPlatform {
   SettingsStore settings_store;
   Launcher launcher;
   Opener opener;
+  Printer printer{event_loop};
   HelpViewer help_viewer;
   UserName user_name;
   Clock clock;

@@ -8,6 +8,7 @@
 #include <QTranslator>
 #include <clocale>
 
+#include "ui/qt/czech_texts.h"
 #include "ui/qt/qt_platform.h"
 
 /// The linker leaves out what of a static library nobody asks for.
@@ -33,6 +34,7 @@ void PrepareApplication() {
       translator->load(":/translations/qtbase_cs.qm")) {
     QCoreApplication::installTranslator(translator);
   }
+  QCoreApplication::installTranslator(new CzechTexts(qApp));
 }
 
 int Run(int argc, char** argv,

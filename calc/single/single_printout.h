@@ -1,0 +1,13 @@
+#pragma once
+
+#include "calc/calculation_result.h"
+#include "ui/locale.h"
+#include "ui/printer.h"
+
+namespace velta {
+
+/// The printed account of a single calculation: labels at column 5, values at column 65, an empty
+/// line after each line.
+ui::PrintedDocument SinglePrintout(const CalculationResult& result, const ui::LocaleFormat& locale);
+
+}  // namespace velta

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ui/printer.h"
+
+namespace velta {
+
+/// Writes a printed page by character columns, counted from 1 at the left edge. Text that does not
+/// fit into a line goes on at the start of the next; nothing is cut off.
+class Page {
+ public:
+  static constexpr int kColumns = 90;
+
+  /// An empty page in the font of all printouts, "Courier New CE" at 10 points.
+  explicit Page(std::string name);
+
+  /// Goes to a column; where the text already stands beyond it, to that column of the next line.
+  void MoveTo(int column);
+  void Write(std::string_view text);
+  void EndLine();
+  void EmptyLines(int count);
+
+  /// The finished document. A line that has been begun is ended.
+  ui::PrintedDocument Take();
+
+ private:
+  ui::PrintedDocument document_;
+  std::string line_;
+  int column_ = 1;  // where the next character goes
+};
+
+}  // namespace velta

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velta::ui {
+
+/// One line of a printed page: a row of character cells of equal width, the first cell at the left
+/// edge of the printable area.
+struct PrintedLine {
+  std::string text;  ///< UTF-8, one cell a character, no line ends and no tabs
+  bool bold = false;
+};
+
+/// What is to be printed, as plain data: the printer draws it and adds nothing. A line has at most
+/// 90 cells; the lines run on to a next page where one is full.
+struct PrintedDocument {
+  std::string name;  ///< for the printer's queue
+  std::string
+      font;  ///< asked for; a fixed-pitch face with Czech letters stands in where it is absent
+  int point_size = 0;
+  std::vector<PrintedLine> lines;
+};
+
+/// A printer that has been chosen, with the number of copies.
+class PrintJob {
+ public:
+  virtual ~PrintJob() = default;
+
+  virtual int copies() const = 0;
+  /// Prints the document that many times. Returns false where the printer or the file failed.
+  [[nodiscard]] virtual bool Print(const PrintedDocument& document) = 0;
+};
+
+/// Printing.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  /// Shows the system's print dialog for a document of that name. Returns null where the user
+  /// cancelled it. Without any printer the user can still print to a file.
+  [[nodiscard]] virtual std::unique_ptr<PrintJob> AskUser(const std::string& document_name) = 0;
+};
+
+}  // namespace velta::ui
