@@ -6,14 +6,11 @@
 #include "calc/bank_rates.h"
 #include "calc/single/frmJednotlivy.h"
 #include "shell/velta.h"
+#include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {
 namespace {
-
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 /// The single calculation on the supplied rate files, without a screen.
 class Bench {

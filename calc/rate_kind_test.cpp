@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/day.h"
+
 namespace velta {
 namespace {
-
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 struct InterestCase {
   const char* name;

@@ -9,9 +9,7 @@
 namespace velta {
 
 frmPocitejCNB::frmPocitejCNB(Program& program)
-    : tmrStart(program.platform.event_loop, ui::Timer::Kind::kOneShot,
-               std::chrono::milliseconds(0)),
-      program_(program) {
+    : tmrStart(program.platform.event_loop), program_(program) {
   tmrStart.Tick.Connect([this] { tmrStart_Timer(); });
 }
 

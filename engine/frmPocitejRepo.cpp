@@ -19,7 +19,7 @@ void ShowMessage(const Program& program, std::string_view text) {
 }  // namespace
 
 frmPocitejRepo::frmPocitejRepo(Program& program, std::function<void()> start_tmrRepo)
-    : Timer1(program.platform.event_loop, ui::Timer::Kind::kOneShot, std::chrono::milliseconds(0)),
+    : Timer1(program.platform.event_loop),
       program_(program),
       start_tmrRepo_(std::move(start_tmrRepo)) {
   Timer1.Tick.Connect([this] { program_.errors.TrapUntrapped([this] { Command3_Click(); }); });

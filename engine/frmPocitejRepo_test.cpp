@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/day.h"
 #include "tests/support/rate_folder.h"
 #include "ui/memory/memory_platform.h"
 
@@ -18,11 +19,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-constexpr Date Day(int year, unsigned month, unsigned day) {
-  return std::chrono::year_month_day(std::chrono::year(year), std::chrono::month(month),
-                                     std::chrono::day(day));
-}
 
 /// The number of the Error that `act` throws; 0 for none.
 int ErrorOf(const std::function<void()>& act) {

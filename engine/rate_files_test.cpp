@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "shell/common/error.h"
+#include "tests/support/day.h"
 #include "tests/support/rate_folder.h"
 #include "ui/memory/memory_platform.h"
 
@@ -19,11 +20,6 @@ namespace velta {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr Date Day(int year, unsigned month, unsigned day) {
-  return std::chrono::year_month_day(std::chrono::year(year), std::chrono::month(month),
-                                     std::chrono::day(day));
-}
 
 constexpr Date kToday = Day(2026, 11, 21);
 const ui::LocaleFormat kCzech;

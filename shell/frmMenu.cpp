@@ -11,8 +11,6 @@ namespace velta {
 
 namespace {
 
-constexpr std::chrono::seconds kClockRefresh{1};
-
 std::string WithoutAccessKey(std::string caption) {
   caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
   return caption;
@@ -34,12 +32,11 @@ class BusyPointer {
 
 frmMenu::frmMenu(Program& program, Settings& settings, const CalculationWindows& calculations)
     : Form(program, "frmMenu", ui::WindowKind::kMain),
-      Timer1(*this, "Timer1", ui::Timer::Kind::kPeriodic, kClockRefresh),
       settings_(settings),
       calculations_(calculations) {
   WireCommands();
   for (ui::Frame* frame : {&fraTop, &picPodklad, &picSTB}) SurfaceHint(*frame);
-  On(Timer1.Tick, "Timer1_Timer", [this] { ShowTime(); });
+  OnTimer(Timer1, [this] { ShowTime(); });
 }
 
 frmMenu::~frmMenu() { program_.status.Attach(nullptr); }
@@ -48,20 +45,19 @@ void frmMenu::WireCommands() {
   WireOpener(mnuJednotlivyVypocet, "frmJednotlivy");
   WireOpener(mnuPostupnyVypocet, "frmPostupny");
   WireOpener(mnuNastaveni, "frmNastaveni");
-  On(mnuTiskVypoctu.Click, "mnuTiskVypoctu_Click", [this] { mnuTiskVypoctu_Click(); });
-  On(mnuVystavitFakturu.Click, "mnuVystavitFakturu_Click", [this] { mnuVystavitFakturu_Click(); });
-  On(mnuKopirovat.Click, "mnuKopirovat_Click", [this] { mnuKopirovat_Click(); });
-  On(mnuKalkulacka.Click, "mnuKalkulacka_Click",
-     [this] { StartProgram("calc.exe", "Program Kalkulačka nebyl nalezen"); });
-  On(mnuPoznamky.Click, "mnuPoznamky_Click",
-     [this] { StartProgram("notepad.exe", "Program Poznámkový blok nebyl nalezen"); });
-  On(mnuObsah.Click, "mnuObsah_Click", [this] { OpenHelp(program_, std::nullopt); });
+  OnClick(mnuTiskVypoctu, [this] { mnuTiskVypoctu_Click(); });
+  OnClick(mnuVystavitFakturu, [this] { mnuVystavitFakturu_Click(); });
+  OnClick(mnuKopirovat, [this] { mnuKopirovat_Click(); });
+  OnClick(mnuKalkulacka, [this] { StartProgram("calc.exe", "Program Kalkulačka nebyl nalezen"); });
+  OnClick(mnuPoznamky,
+          [this] { StartProgram("notepad.exe", "Program Poznámkový blok nebyl nalezen"); });
+  OnClick(mnuObsah, [this] { OpenHelp(program_); });
   WireOpener(mnuOProgramu, "frmAbout");
-  On(mnuNaseStranky.Click, "mnuNaseStranky_Click", [this] {
+  OnClick(mnuNaseStranky, [this] {
     if (!program_.platform.opener.Open(kHomePage)) throw Error(ErrorNumber::kBadArgument);
   });
   WireOpener(mnuVersionHistory, "frmHistory");
-  On(mnuKonecProgramu.Click, "mnuKonecProgramu_Click", [this] { Close(); });
+  OnClick(mnuKonecProgramu, [this] { Close(); });
 
   const std::array<ui::MenuItem*, 13> commands = {
       &mnuJednotlivyVypocet, &mnuPostupnyVypocet, &mnuNastaveni,
@@ -73,7 +69,7 @@ void frmMenu::WireCommands() {
     ui::Button& button = cmdMenu.at(i);
     ui::MenuItem& item = *commands.at(i);
     button.SetTakesFocus(false);
-    On(button.Click, "cmdMenu_Click", [&item] { item.UserClick(); });
+    OnClick(button, [&item] { item.UserClick(); });
     // A button is its menu item in another shape: named and enabled like it.
     item.Updated.Connect([&item, &button](ui::Aspect) {
       button.SetToolTip(WithoutAccessKey(item.caption()));
@@ -83,7 +79,7 @@ void frmMenu::WireCommands() {
 }
 
 void frmMenu::WireOpener(ui::MenuItem& item, const char* window) {
-  On(item.Click, item.name() + "_Click", [this, window] { program_.windows.Open(window); });
+  OnClick(item, [this, window] { program_.windows.Open(window); });
 }
 
 void frmMenu::OnLoad() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <string>
 
 #include "calc/calculation_window.h"
@@ -16,7 +17,8 @@ class frmMenu final : public Form {
   frmMenu(Program& program, Settings& settings, const CalculationWindows& calculations);
   ~frmMenu() override;
 
-  /// The program's help file as it was registered when the window loaded.
+  /// The program's help file as it was registered when the window loaded: with one separator also
+  /// where the help commands' own path (HelpFilePath) has two.
   const std::string& help_file() const { return help_file_; }
 
   ui::MenuItem mnuVypocty{*this, "mnuVypocty"};
@@ -45,7 +47,7 @@ class frmMenu final : public Form {
   ui::Frame picSTB{*this, "picSTB"};
   ui::Label lblMSG{*this, "lblMSG"};
   ui::Label lblDatum{*this, "lblDatum"};
-  ui::TimerControl Timer1;
+  ui::TimerControl Timer1{*this, "Timer1", ui::Timer::Kind::kPeriodic, std::chrono::seconds(1)};
 
  private:
   void OnLoad() override;

@@ -10,7 +10,7 @@
 
 #include "calc/single/frmJednotlivy.h"
 #include "shell/velta.h"
-#include "ui/memory/memory_platform.h"
+#include "tests/support/program_test.h"
 
 namespace velta {
 namespace {
@@ -18,20 +18,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
-
 constexpr const char* kNotFinished = "Výpočet ještě není dokončen, nelze tisknout";
 constexpr const char* kNotComplete = "Zadání nelze kopírovat, není úplné";
-
-class OtherWindow final : public Form {
- public:
-  OtherWindow(Program& program, const std::string& name) : Form(program, name) {}
-
- private:
-  void OnLoad() override {}
-};
 
 class frmMenuTest : public ::testing::Test {
  protected:

@@ -6,10 +6,7 @@ frmSplash::frmSplash(Program& program, Settings& settings)
     : Form(program, "frmSplash", ui::WindowKind::kSplash),
       Timer1(*this, "Timer1", ui::Timer::Kind::kOneShot, program.info.splash_time),
       settings_(settings) {
-  lblCompanyProduct.SetCaption(std::string(kTitle));
-  lblCompany.SetCaption("© The Velta authors");
-  lblCopyright.SetCaption("Svobodný program pod licencí MIT, bez jakékoli záruky.");
-  On(Timer1.Tick, "Timer1_Timer", [this] {
+  OnTimer(Timer1, [this] {
     program_.windows.Open("frmMenu");
     Close();
   });
@@ -18,6 +15,9 @@ frmSplash::frmSplash(Program& program, Settings& settings)
 void frmSplash::OnLoad() {
   const ProgramInfo& info = program_.info;
   SetCaption(std::string(kTitle));
+  lblCompanyProduct.SetCaption(std::string(kTitle));
+  lblCompany.SetCaption("© The Velta authors");
+  lblCopyright.SetCaption("Svobodný program pod licencí MIT, bez jakékoli záruky.");
   lblVersion.SetCaption("Verze : " + std::to_string(info.major) + ". " +
                         std::to_string(info.minor) + ". " + std::to_string(info.revision));
   // Before the timer, so that the main window finds the settings complete.

@@ -109,8 +109,8 @@ void DropDown::AddItem(std::string text) {
   Updated.Raise(Aspect::kItems);
 }
 
-const std::string& DropDown::text() const {
-  return index_ < 0 ? placeholder_ : items_[static_cast<std::size_t>(index_)];
+std::string DropDown::text() const {
+  return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)];
 }
 
 void DropDown::SetIndex(int index) {

@@ -231,9 +231,8 @@ class DropDown final : public Control {
   void AddItem(std::string text);
 
   int index() const { return index_; }
-  /// The chosen item's text, or what stands there while nothing is chosen.
-  const std::string& text() const;
-  void SetPlaceholder(std::string text) { placeholder_ = std::move(text); }
+  /// The chosen item's text; empty while nothing is chosen.
+  std::string text() const;
   /// Chooses an item; -1 chooses none. Requires -1 <= index < items().size().
   void SetIndex(int index);
 
@@ -248,7 +247,6 @@ class DropDown final : public Control {
 
  private:
   std::vector<std::string> items_;
-  std::string placeholder_;
   int index_ = -1;
 };
 
@@ -284,8 +282,8 @@ class DatePicker final : public Control {
 /// window.
 class TimerControl final : public Control {
  public:
-  TimerControl(Window& window, std::string name, Timer::Kind kind,
-               std::chrono::milliseconds interval);
+  TimerControl(Window& window, std::string name, Timer::Kind kind = Timer::Kind::kOneShot,
+               std::chrono::milliseconds interval = std::chrono::milliseconds(0));
 
   void SetEnabled(bool enabled) override;
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }

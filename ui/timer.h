@@ -14,7 +14,9 @@ class Timer {
  public:
   enum class Kind { kOneShot, kPeriodic };
 
-  Timer(EventLoop& event_loop, Kind kind, std::chrono::milliseconds interval);
+  /// An interval of 0 is the next turn of the loop.
+  explicit Timer(EventLoop& event_loop, Kind kind = Kind::kOneShot,
+                 std::chrono::milliseconds interval = std::chrono::milliseconds(0));
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
   ~Timer();

@@ -11,7 +11,6 @@ namespace velta {
 
 namespace {
 
-constexpr std::chrono::milliseconds kNextTurn{0};
 constexpr int kDefaultDelay = 15;  // days from the due date to today in a newly opened window
 
 // The largest whole amount that may be typed, and what stands in the box in place of a larger one.
@@ -23,14 +22,7 @@ constexpr std::string_view kMaxAmountHellers = "58";
 
 frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
                              CalculationWindows& calculations)
-    : Form(program, "frmJednotlivy"),
-      dtpSplatnost(*this, "dtpSplatnost", Today()),
-      dtpZaplaceni(*this, "dtpZaplaceni", Today()),
-      tmrRepo(*this, "tmrRepo", ui::Timer::Kind::kOneShot, kNextTurn),
-      tmrTiskVypoctu(*this, "tmrTiskVypoctu", ui::Timer::Kind::kOneShot, kNextTurn),
-      settings_(settings),
-      calculations_(calculations) {
-  cboDruhSazby.SetPlaceholder("Vyberte sazbu");
+    : Form(program, "frmJednotlivy"), settings_(settings), calculations_(calculations) {
   cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
   txtReport.SetReadOnly();
   txtReport.SetTabStops({5, 108});
@@ -39,44 +31,40 @@ frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
 }
 
 void frmJednotlivy::WireEvents() {
-  const auto compute = [this] { VypocitejJednotlivy(); };
-  On(dtpSplatnost.Change, "dtpSplatnost_Change", compute);
-  On(dtpZaplaceni.Change, "dtpZaplaceni_Change", compute);
-  On(txtVyseSazby.Change, "txtVyseSazby_Change", compute);
-  On(cboDruhSazby.Change, "cboDruhSazby_Change", [this] { cboDruhSazby_Change(); });
-  On(txtDluznaCastka.Change, "txtDluznaCastka_Change", [this] { txtDluznaCastka_Change(); });
-  On(txtDluznaCastka.KeyPress, "txtDluznaCastka_KeyPress", [this](ui::KeyPress& key) {
-    if (EnterMovesOn(key)) return;
-    key.text = DecimalKey(key.text, program_.platform.locale);
+  OnChange(dtpSplatnost, [this] { VypocitejJednotlivy(); });
+  OnChange(dtpZaplaceni, [this] { VypocitejJednotlivy(); });
+  OnChange(txtVyseSazby, [this] { VypocitejJednotlivy(); });
+  OnChange(cboDruhSazby, [this] { cboDruhSazby_Change(); });
+  OnChange(txtDluznaCastka, [this] { txtDluznaCastka_Change(); });
+  OnKeyPress(txtDluznaCastka, [this](ui::KeyPress& key) {
+    if (!EnterMovesOn(key)) TypeDecimal(key);
   });
-  On(txtVyseSazby.KeyPress, "txtVyseSazby_KeyPress",
-     [this](ui::KeyPress& key) { key.text = DecimalKey(key.text, program_.platform.locale); });
-  On(cmdNovy.Click, "cmdNovy_Click", [this] { cmdNovy_Click(); });
-  On(cmdTiskVyp.Click, "cmdTiskVyp_Click", [this] { cmdTiskVyp_Click(); });
-  On(cmdTiskFa.Click, "cmdTiskFa_Click", [this] { cmdTiskFa_Click(); });
-  On(cmdHelp.Click, "cmdHelp_Click", [this] { OpenHelp(program_, HelpTopic::kSingle); });
-  On(cmdKonec.Click, "cmdKonec_Click", [this] { Close(); });
-  On(tmrRepo.Tick, "tmrRepo_Timer", [this] { tmrRepo_Timer(); });
-  On(tmrTiskVypoctu.Tick, "tmrTiskVypoctu_Timer", [this] { cmdTiskVyp.Click.Raise(); });
+  OnKeyPress(txtVyseSazby, [this](ui::KeyPress& key) { TypeDecimal(key); });
+  OnClick(cmdNovy, [this] { cmdNovy_Click(); });
+  OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
+  OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_, HelpTopic::kSingle); });
+  OnClick(cmdKonec, [this] { Close(); });
+  OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
+  OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });
 }
 
 void frmJednotlivy::WireHints() {
   for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
-    Hints(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně",
-          "Vyberte datum klepnutím na šipku");
+    FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
+    PointerHint(*picker, "Vyberte datum klepnutím na šipku");
   }
-  Hints(txtDluznaCastka, "Zadejte dlužnou částku", std::nullopt);
-  Hints(txtVyseSazby, "Zadejte výši úrokové sazby", std::nullopt);
-  Hints(cboDruhSazby, "Vyberte z nabídky druh sazby ",
-        std::nullopt);  // the blank at its end is meant
-  Hints(cmdNovy, "Nový výpočet", "Nový výpočet");
-  Hints(cmdTiskVyp, "Tisk výpočtu", "Tisk výpočtu");
-  Hints(cmdTiskFa, "Tisk faktury", "Tisk faktury");
-  Hints(cmdKonec, "Zavřít okno", "Zavřít okno");
-  Hints(cmdHelp, "Vyvolá nápovědu s tématem", "Vyvolá nápovědu s tématem");
-  Hints(lblPocetDnu, std::nullopt, "Trvání dluhu ve dnech");
-  Hints(lblPenale, std::nullopt, "Vypočtený úrok z prodlení");
-  Hints(lblPenaleDluh, std::nullopt, "Úrok z prodlení s dlužnou částkou");
+  FocusHint(txtDluznaCastka, "Zadejte dlužnou částku");
+  FocusHint(txtVyseSazby, "Zadejte výši úrokové sazby");
+  FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
+  Hint(cmdNovy, "Nový výpočet");
+  Hint(cmdTiskVyp, "Tisk výpočtu");
+  Hint(cmdTiskFa, "Tisk faktury");
+  Hint(cmdKonec, "Zavřít okno");
+  Hint(cmdHelp, "Vyvolá nápovědu s tématem");
+  PointerHint(lblPocetDnu, "Trvání dluhu ve dnech");
+  PointerHint(lblPenale, "Vypočtený úrok z prodlení");
+  PointerHint(lblPenaleDluh, "Úrok z prodlení s dlužnou částkou");
   for (ui::Frame* frame : {&fraDatJed, &fraDluJed, &fraVysJed}) SurfaceHint(*frame);
 }
 

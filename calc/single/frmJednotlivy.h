@@ -29,8 +29,8 @@ class frmJednotlivy final : public Form, public CalculationWindow {
   const CalculationResult* result() const { return result_ ? &*result_ : nullptr; }
 
   ui::Frame fraDatJed{*this, "fraDatJed"};
-  ui::DatePicker dtpSplatnost;
-  ui::DatePicker dtpZaplaceni;
+  ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", Today()};
+  ui::DatePicker dtpZaplaceni{*this, "dtpZaplaceni", Today()};
   ui::Frame fraDluJed{*this, "fraDluJed"};
   ui::TextBox txtDluznaCastka{*this, "txtDluznaCastka"};
   ui::DropDown cboDruhSazby{*this, "cboDruhSazby"};
@@ -47,8 +47,8 @@ class frmJednotlivy final : public Form, public CalculationWindow {
   ui::Button cmdHelp{*this, "cmdHelp"};
   ui::Button cmdKonec{*this, "cmdKonec"};
   std::array<ui::Label, 8> lblPopis = ui::ControlArray<ui::Label, 8>(*this, "lblPopis");
-  ui::TimerControl tmrRepo;
-  ui::TimerControl tmrTiskVypoctu;
+  ui::TimerControl tmrRepo{*this, "tmrRepo"};
+  ui::TimerControl tmrTiskVypoctu{*this, "tmrTiskVypoctu"};
 
  private:
   void OnLoad() override;

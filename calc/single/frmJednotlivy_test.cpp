@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "calc/single/single_report.h"
+#include "tests/support/program_test.h"
 #include "tests/support/rate_folder.h"
-#include "ui/memory/memory_platform.h"
 
 namespace velta {
 namespace {
@@ -18,10 +18,6 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 constexpr int kDiscount = 4;
 constexpr int kRepo = 5;
@@ -31,42 +27,17 @@ constexpr const char* kToDiscount = "Měním na DISKONTNÍ sazbu";
 constexpr const char* kNoRate = "Nenalezena sazba pro zadané období";
 constexpr const char* kDueTooHigh = "Nelze najít sazbu, zadali jste vysoké datum splatnosti";
 
-/// Stands for a window that is not part of these tests.
-class OtherWindow final : public Form {
- public:
-  OtherWindow(Program& program, const std::string& name, std::function<void()> on_unload = {})
-      : Form(program, name), on_unload_(std::move(on_unload)) {}
-
- private:
-  void OnLoad() override {}
-  void OnUnload() override {
-    if (on_unload_) on_unload_();
-  }
-  std::function<void()> on_unload_;
-};
-
-class frmJednotlivyTest : public ::testing::Test {
+class frmJednotlivyTest : public ProgramTest {
  protected:
   frmJednotlivyTest() {
-    memory_.program_folder.path = VELTA_SOURCE_DIR "/data";
-    SetRounding("NE");
-    program_.status.Attach(&lblMSG_);
-    program_.windows.Register("frmJednotlivy", [this] {
+    windows().Register("frmJednotlivy", [this] {
       return std::make_unique<frmJednotlivy>(program_, settings_, calculations_);
     });
-    program_.windows.Register(
-        "frmFaktura", [this] { return std::make_unique<OtherWindow>(program_, "frmFaktura"); });
-  }
-
-  void SetRounding(const std::string& word) {
-    ASSERT_TRUE(memory_.settings_store.Write("velta", "Settings", "Zaokrouhlit", word));
-    settings_.LoadProgramSettings();
+    RegisterOther("frmFaktura");
   }
 
   frmJednotlivy& Open() {
-    program_.windows.Open("frmJednotlivy");
-    form_ = dynamic_cast<frmJednotlivy*>(program_.windows.Find("frmJednotlivy"));
-    EXPECT_NE(form_, nullptr);
+    form_ = &Opened<frmJednotlivy>("frmJednotlivy");
     return *form_;
   }
 
@@ -81,26 +52,7 @@ class frmJednotlivyTest : public ::testing::Test {
     Shown();
   }
 
-  /// The texts of the message boxes since the last call.
-  std::vector<std::string> Shown() {
-    std::vector<std::string> texts;
-    for (const auto& box : memory_.message_box.shown) texts.push_back(box.text);
-    memory_.message_box.shown.clear();
-    return texts;
-  }
-  long CountShown(const std::string& text) {
-    const auto texts = Shown();
-    return std::count(texts.begin(), texts.end(), text);
-  }
-  const std::string& Hint() const { return lblMSG_.caption(); }
-  CalculationState& state() { return program_.state; }
-
-  ui::MemoryPlatform memory_;
-  ui::Window strip_{"strip", ui::WindowKind::kMain, memory_.event_loop};
-  ui::Label lblMSG_{strip_, "lblMSG"};
   CalculationWindows calculations_;
-  Program program_{memory_.platform(), {}};
-  Settings settings_{program_};
   frmJednotlivy* form_ = nullptr;
 };
 
@@ -139,7 +91,7 @@ TEST_F(frmJednotlivyTest, OpensWithFifteenDaysAndWithoutAMessage) {
   EXPECT_TRUE(form.txtReport.read_only());
   EXPECT_THAT(form.txtReport.tab_stops(), ElementsAre(5, 108));
   EXPECT_THAT(Shown(), ElementsAre());
-  EXPECT_EQ(Hint(), "Datum vyberte klepnutím na šipku, nebo přepište ručně")
+  EXPECT_EQ(HintText(), "Datum vyberte klepnutím na šipku, nebo přepište ručně")
       << "the first input has the focus";
 }
 
@@ -166,16 +118,14 @@ TEST_F(frmJednotlivyTest, LoadSetsTheSharedFlags) {
 
 TEST_F(frmJednotlivyTest, LoadClosesAnOpenProgressiveWindowFirst) {
   bool single_was_current = true;
-  program_.windows.Register("frmPostupny", [&] {
-    return std::make_unique<OtherWindow>(program_, "frmPostupny", [&] {
-      single_was_current = state().SingleIsCurrent;
-      state().ProgressiveFormOpen = false;
-    });
+  RegisterOther("frmPostupny", [&] {
+    single_was_current = state().SingleIsCurrent;
+    state().ProgressiveFormOpen = false;
   });
-  program_.windows.Open("frmPostupny");
+  windows().Open("frmPostupny");
   state().ProgressiveFormOpen = true;
   Open();
-  EXPECT_FALSE(program_.windows.IsLoaded("frmPostupny"));
+  EXPECT_FALSE(windows().IsLoaded("frmPostupny"));
   EXPECT_FALSE(single_was_current) << "it unloads before this window loads its part";
 }
 
@@ -221,19 +171,19 @@ TEST_F(frmJednotlivyTest, FocusAndPointerHints) {
     if (row.control == &form.cmdKonec) form.cmdHelp.SetFocus();
     lblMSG_.SetCaption(kNone);
     row.control->SetFocus();
-    EXPECT_EQ(Hint(), row.focus) << row.control->name() << " on focus";
+    EXPECT_EQ(HintText(), row.focus) << row.control->name() << " on focus";
     lblMSG_.SetCaption(kNone);
     row.control->UserHover();
-    EXPECT_EQ(Hint(), row.pointer) << row.control->name() << " under the pointer";
+    EXPECT_EQ(HintText(), row.pointer) << row.control->name() << " under the pointer";
   }
   lblMSG_.SetCaption(kNone);
   form.MouseMove.Raise();
-  EXPECT_EQ(Hint(), "Připraven");
+  EXPECT_EQ(HintText(), "Připraven");
 }
 
 TEST_F(frmJednotlivyTest, ChosenKindIsToldInTheStatusLine) {
   Open().cboDruhSazby.UserPick(0);
-  EXPECT_EQ(Hint(), "Vybraná sazba : % denně");
+  EXPECT_EQ(HintText(), "Vybraná sazba : % denně");
 }
 
 // --- computing with a typed rate ----------------------------------------------------------------
@@ -404,7 +354,7 @@ TEST_F(frmJednotlivyTest, DiscountKindReplacesATypedRateWithoutEndlessComputing)
   form_->cboDruhSazby.UserPick(kDiscount);
   EXPECT_EQ(form_->txtVyseSazby.text(), "2,5");
   EXPECT_EQ(form_->lblPenale.caption(), "69,86 Kč");
-  EXPECT_EQ(Hint(), "Vybraná sazba : Dle Diskontní sazby ČNB");
+  EXPECT_EQ(HintText(), "Vybraná sazba : Dle Diskontní sazby ČNB");
   EXPECT_THAT(Shown(), ElementsAre());
 }
 
@@ -457,7 +407,7 @@ TEST_F(frmJednotlivyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
                                    "(Form_Load) of (frmPocitejCNB.frm).",
                                    "Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
                                    "(Form_Load) of (frmJednotlivy.frm)."));
-  ASSERT_TRUE(program_.windows.IsLoaded("frmJednotlivy"));
+  ASSERT_TRUE(windows().IsLoaded("frmJednotlivy"));
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
   EXPECT_EQ(form_->lblPenale.caption(), "1 000,00 Kč");
   form_->cboDruhSazby.UserPick(kRepo);
@@ -488,10 +438,10 @@ TEST_F(frmJednotlivyTest, DueDateDecidesTheRegime) {
     for (const auto& box : memory_.message_box.shown) EXPECT_EQ(box.icon, ui::Icon::kInformation);
     EXPECT_EQ(Shown(), row.messages);
     EXPECT_EQ(form_->cboDruhSazby.index(), row.final_kind);
-    EXPECT_EQ(Hint(), "Vybraná sazba : " + form_->cboDruhSazby.text());
+    EXPECT_EQ(HintText(), "Vybraná sazba : " + form_->cboDruhSazby.text());
     memory_.event_loop.RunUntilIdle();
     EXPECT_NE(form_->lblPenale.caption(), "");
-    program_.windows.Unload("frmJednotlivy");
+    windows().Unload("frmJednotlivy");
   }
 }
 
@@ -669,7 +619,7 @@ TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {
   Open();
   Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
   form_->txtDluznaCastka.UserEdit("20000");
-  program_.windows.Unload("frmJednotlivy");
+  windows().Unload("frmJednotlivy");
   memory_.event_loop.RunUntilIdle();
   EXPECT_THAT(Shown(), ElementsAre());
   EXPECT_FALSE(state().CalculationFinished);
@@ -867,14 +817,14 @@ TEST_F(frmJednotlivyTest, PrintAndInvoiceNeedAFinishedCalculation) {
   for (const auto& box : memory_.message_box.shown) EXPECT_EQ(box.icon, ui::Icon::kCritical);
   EXPECT_THAT(Shown(), ElementsAre("Výpočet ještě není dokončen, nelze tisknout",
                                    "Výpočet ještě není dokončen, nelze tisknout"));
-  EXPECT_FALSE(program_.windows.IsLoaded("frmFaktura"));
+  EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
 }
 
 TEST_F(frmJednotlivyTest, InvoiceOpensFromAFinishedCalculation) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
   form_->cmdTiskFa.UserClick();
-  EXPECT_TRUE(program_.windows.IsLoaded("frmFaktura"));
+  EXPECT_TRUE(windows().IsLoaded("frmFaktura"));
   EXPECT_THAT(Shown(), ElementsAre());
 }
 
@@ -903,8 +853,8 @@ TEST_F(frmJednotlivyTest, CloseButtonUnloadsAndClearsTheSharedValues) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
   form_->cmdKonec.UserClick();
-  EXPECT_FALSE(program_.windows.IsLoaded("frmJednotlivy"));
-  EXPECT_EQ(Hint(), "Připraven");
+  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
+  EXPECT_EQ(HintText(), "Připraven");
   EXPECT_EQ(state().RateValue, 0.0F);
   EXPECT_EQ(state().DaysLate, 0);
   EXPECT_EQ(state().BaseAmount, Money());

@@ -5,12 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/day.h"
+
 namespace velta {
 namespace {
-
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 using Lines = std::vector<std::string>;
 

@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {
 namespace {
-
-constexpr Date Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 constexpr const char* kRule = "****************************************************\r\n";
 static_assert(std::string_view(kRule).size() == 52 + 2);

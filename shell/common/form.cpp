@@ -1,5 +1,7 @@
 #include "shell/common/form.h"
 
+#include "shell/common/modPromenne.h"
+
 namespace velta {
 
 namespace {
@@ -7,12 +9,6 @@ namespace {
 /// The prefix of a window's own event procedures: the main window is a multiple-document frame.
 const char* EventPrefix(ui::WindowKind kind) {
   return kind == ui::WindowKind::kMain ? "MDIForm_" : "Form_";
-}
-
-/// The elements of a control array share their procedures: "txtFaktura(3)" has
-/// "txtFaktura_GotFocus".
-std::string ProcedureBase(const ui::Control& control) {
-  return control.name().substr(0, control.name().find('('));
 }
 
 }  // namespace
@@ -34,24 +30,36 @@ void Form::Unload() {
   program_.status.ClearHint();
 }
 
-void Form::Hints(ui::Control& control, std::optional<std::string> on_focus,
-                 std::optional<std::string> on_pointer) {
-  const auto wire = [&](ui::Event<>& event, const char* suffix, std::optional<std::string> text) {
-    if (!text) return;
-    On(event, ProcedureBase(control) + suffix,
-       [this, text = *std::move(text)] { program_.status.ShowHint(text); });
-  };
-  wire(control.GotFocus, "_GotFocus", std::move(on_focus));
-  wire(control.MouseMove, "_MouseMove", std::move(on_pointer));
+std::string Form::Procedure(const ui::Control& control, const char* event) {
+  return control.name().substr(0, control.name().find('(')) + event;
 }
 
-void Form::SurfaceHint(ui::Frame& frame) { Hints(frame, std::nullopt, StatusLine::kIdle); }
+void Form::FocusHint(ui::Control& control, std::string text) {
+  On(control.GotFocus, Procedure(control, "_GotFocus"),
+     [this, text = std::move(text)] { program_.status.ShowHint(text); });
+}
+
+void Form::PointerHint(ui::Control& control, std::string text) {
+  On(control.MouseMove, Procedure(control, "_MouseMove"),
+     [this, text = std::move(text)] { program_.status.ShowHint(text); });
+}
+
+void Form::Hint(ui::Control& control, const std::string& text) {
+  FocusHint(control, text);
+  PointerHint(control, text);
+}
+
+void Form::SurfaceHint(ui::Control& control) { PointerHint(control, StatusLine::kIdle); }
 
 bool Form::EnterMovesOn(ui::KeyPress& key) {
   if (key.text != "\r") return false;
   key.text.clear();
   FocusNext();
   return true;
+}
+
+void Form::TypeDecimal(ui::KeyPress& key) const {
+  key.text = DecimalKey(key.text, program_.platform.locale);
 }
 
 void Form::Message(ui::Icon icon, std::string_view text) const {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,11 +26,24 @@ class Form : public ui::Window {
   virtual void OnLoad() = 0;
   virtual void OnUnload() {}
 
-  /// Runs `handler` under the trap, as `procedure`, whenever the event is raised.
-  template <class... Args, class Handler>
-  void On(ui::Event<Args...>& event, std::string procedure, Handler handler) {
-    event.Connect([this, procedure = std::move(procedure), handler = std::move(handler)](
-                      Args... args) { Guarded(procedure, [&] { handler(args...); }); });
+  /// Run `handler` under the trap whenever the control's event is raised; the procedure in the
+  /// report is the control's name and the event's: "cmdNovy_Click". The elements of an array share
+  /// theirs.
+  template <class C, class Handler>
+  void OnClick(C& control, Handler handler) {
+    On(control.Click, Procedure(control, "_Click"), std::move(handler));
+  }
+  template <class C, class Handler>
+  void OnChange(C& control, Handler handler) {
+    On(control.Change, Procedure(control, "_Change"), std::move(handler));
+  }
+  template <class Handler>
+  void OnKeyPress(ui::TextBox& box, Handler handler) {
+    On(box.KeyPress, Procedure(box, "_KeyPress"), std::move(handler));
+  }
+  template <class Handler>
+  void OnTimer(ui::TimerControl& timer, Handler handler) {
+    On(timer.Tick, Procedure(timer, "_Timer"), std::move(handler));
   }
 
   /// The trap for a routine that others call under its own name. Returns whether it ran to its end.
@@ -40,16 +52,18 @@ class Form : public ui::Window {
     return program_.errors.Trap(procedure, unit_, std::forward<Body>(body));
   }
 
-  /// The status-line texts of a control: on focus and on pointer move; nullopt leaves the line
-  /// alone.
-  void Hints(ui::Control& control, std::optional<std::string> on_focus,
-             std::optional<std::string> on_pointer);
-
-  /// A frame of the window is bare surface: the pointer over it clears the status line.
-  void SurfaceHint(ui::Frame& frame);
+  /// The status-line text of a control: when it gets the focus, when the pointer moves over it, or
+  /// both.
+  void FocusHint(ui::Control& control, std::string text);
+  void PointerHint(ui::Control& control, std::string text);
+  void Hint(ui::Control& control, const std::string& text);
+  /// The control is bare surface: the pointer over it clears the status line.
+  void SurfaceHint(ui::Control& control);
 
   /// Enter in a box of one line moves on like Tab: swallows that key and returns true.
   bool EnterMovesOn(ui::KeyPress& key);
+  /// In a box for numbers "." and "," are the user's own decimal separator.
+  void TypeDecimal(ui::KeyPress& key) const;
 
   /// The modal box with the program's title.
   void Message(ui::Icon icon, std::string_view text) const;
@@ -62,6 +76,13 @@ class Form : public ui::Window {
   Program& program_;
 
  private:
+  static std::string Procedure(const ui::Control& control, const char* event);
+  template <class... Args, class Handler>
+  void On(ui::Event<Args...>& event, std::string procedure, Handler handler) {
+    event.Connect([this, procedure = std::move(procedure), handler = std::move(handler)](
+                      Args... args) { Guarded(procedure, [&] { handler(args...); }); });
+  }
+
   std::string unit_;
   std::string event_prefix_;
 };

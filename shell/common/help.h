@@ -18,6 +18,6 @@ enum class HelpTopic { kSingle = 70, kInvoice = 110 };
 std::string HelpFilePath(const ui::ProgramFolder& folder);
 
 /// Opens the help at a topic, or at its contents. A file or a topic that is not there: Error 53.
-void OpenHelp(Program& program, std::optional<HelpTopic> topic);
+void OpenHelp(Program& program, std::optional<HelpTopic> topic = std::nullopt);
 
 }  // namespace velta

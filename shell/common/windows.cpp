@@ -9,8 +9,7 @@
 namespace velta {
 
 Windows::Windows(ui::WindowSystem& window_system, ui::EventLoop& event_loop)
-    : window_system_(window_system),
-      burial_(event_loop, ui::Timer::Kind::kOneShot, std::chrono::milliseconds(0)) {
+    : window_system_(window_system), burial_(event_loop) {
   burial_.Tick.Connect([this] { retired_.clear(); });
 }
 

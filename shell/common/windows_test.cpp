@@ -43,12 +43,12 @@ class SampleForm final : public Form {
  public:
   SampleForm(Program& program, const std::string& name, std::vector<std::string>& log)
       : Form(program, name), log_(log) {
-    On(cmdKonec.Click, "cmdKonec_Click", [this] { Close(); });
-    On(cmdChyba.Click, "cmdChyba_Click", [this] {
+    OnClick(cmdKonec, [this] { Close(); });
+    OnClick(cmdChyba, [this] {
       log_.push_back("before");
       throw Error(ErrorNumber::kDivisionByZero);
     });
-    Hints(txtUdaj, "Zadejte údaj", std::nullopt);
+    FocusHint(txtUdaj, "Zadejte údaj");
   }
   ~SampleForm() override { log_.push_back(name() + " destroyed"); }
 

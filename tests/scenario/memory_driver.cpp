@@ -14,18 +14,6 @@ std::string_view TakeCharacter(std::string_view& text) {
   return character;
 }
 
-/// A pasted text as the boxes in which users write, all of one line, take it: without the line ends
-/// at its end, with blanks for the others.
-std::string OneLine(std::string_view text) {
-  text = text.substr(0, text.find_last_not_of("\r\n") + 1);
-  std::string line;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
-  }
-  return line;
-}
-
 /// Acts on the models themselves and reads them.
 class MemoryDriver final : public Driver {
  public:
@@ -61,7 +49,7 @@ class MemoryDriver final : public Driver {
   bool Paste(ui::TextBox& box, std::string_view text) override {
     if (!IsOpenToUser(box)) return false;
     MoveFocus(box);
-    box.UserEdit(OneLine(text));
+    box.UserEdit(text);
     return true;
   }
 

@@ -217,7 +217,6 @@ void Binder::Visit(ui::DropDown& control) {
   Mirror(control, list, [&control, &list](Aspect aspect) {
     const QSignalBlocker by_program(list);
     if (aspect == Aspect::kItems) {
-      if (control.index() < 0) list.setPlaceholderText(ToQString(control.text()));
       for (auto i = static_cast<std::size_t>(list.count()); i < control.items().size(); ++i) {
         list.addItem(ToQString(control.items()[i]));
       }

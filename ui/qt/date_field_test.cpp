@@ -10,16 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/day.h"
 #include "ui/qt/text.h"
 
 namespace velta::qt {
 namespace {
 
 using std::chrono::sys_days;
-
-constexpr sys_days Day(int y, unsigned m, unsigned d) {
-  return std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d};
-}
 
 constexpr sys_days kBefore = Day(2005, 4, 28);
 
