@@ -11,7 +11,6 @@
 namespace velta {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 class frmSplashTest : public ::testing::Test {
