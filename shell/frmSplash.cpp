@@ -16,7 +16,7 @@ void frmSplash::OnLoad() {
   const ProgramInfo& info = program_.info;
   SetCaption(std::string(kTitle));
   lblCompanyProduct.SetCaption(std::string(kTitle));
-  lblCompany.SetCaption("© The Velta authors");
+  lblCompany.SetCaption("© Autoři programu Velta");
   lblCopyright.SetCaption("Svobodný program pod licencí MIT, bez jakékoli záruky.");
   lblVersion.SetCaption("Verze : " + std::to_string(info.major) + ". " +
                         std::to_string(info.minor) + ". " + std::to_string(info.revision));
@@ -26,7 +26,11 @@ void frmSplash::OnLoad() {
 }
 
 void frmSplash::OnUnload() {
-  Timer1.SetEnabled(false);
+  if (Timer1.enabled()) {
+    // Who puts the start-up window away early does not want to wait; the program goes on.
+    Timer1.SetEnabled(false);
+    program_.windows.Open("frmMenu");
+  }
   if (!program_.windows.IsLoaded("frmMenu")) program_.platform.event_loop.Quit();
 }
 

@@ -6,7 +6,8 @@
 namespace velta {
 
 /// The start-up window: shows the version, makes sure that the settings exist, and then opens the
-/// main window in its place. Where that cannot be done it stays, and closing it ends the program.
+/// main window in its place, at the latest when the user puts it away. Where the settings cannot be
+/// written it stays, and closing it ends the program.
 class frmSplash final : public Form {
  public:
   frmSplash(Program& program, Settings& settings);

@@ -1,6 +1,7 @@
 #include "shell/common/error.h"
 
 #include <new>
+#include <stdexcept>
 
 namespace velta {
 
@@ -49,6 +50,8 @@ ErrorNumber NumberOf(const std::exception_ptr& thrown) {
     return error.number();
   } catch (const std::bad_alloc&) {
     return ErrorNumber::kOutOfMemory;
+  } catch (const std::out_of_range&) {
+    return ErrorNumber::kOutOfRange;
   } catch (...) {
     return ErrorNumber::kBadArgument;
   }

@@ -41,7 +41,8 @@ class Error : public std::exception {
 /// The Czech description, as it stands in the brackets of the report: "Nesouhlas typů".
 std::string ErrorDescription(ErrorNumber number);
 
-/// The number for whatever was thrown: an Error's own; 7 for exhausted memory; 5 for anything else.
+/// The number for whatever was thrown: an Error's own; 7 for exhausted memory; 9 for an index
+/// outside a list; 5 for anything else.
 ErrorNumber NumberOf(const std::exception_ptr& thrown);
 
 }  // namespace velta

@@ -65,6 +65,8 @@ TEST(ErrorTest, NumberOfWhateverWasThrown) {
   EXPECT_EQ(NumberOf(std::make_exception_ptr(std::bad_alloc())), ErrorNumber::kOutOfMemory);
   EXPECT_EQ(NumberOf(std::make_exception_ptr(std::bad_array_new_length())),
             ErrorNumber::kOutOfMemory);
+  EXPECT_EQ(NumberOf(std::make_exception_ptr(std::out_of_range("index"))),
+            ErrorNumber::kOutOfRange);
   EXPECT_EQ(NumberOf(std::make_exception_ptr(std::runtime_error("unforeseen"))),
             ErrorNumber::kBadArgument);
   EXPECT_EQ(NumberOf(std::make_exception_ptr(42)), ErrorNumber::kBadArgument);

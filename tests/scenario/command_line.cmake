@@ -1,7 +1,7 @@
 # The runner's command line: exit status, headings of several files, standard input, bad lines.
 # Wants RUNNER.
 set(folder ${CMAKE_CURRENT_BINARY_DIR}/command_line)
-file(WRITE ${folder}/good.txt "expect state DaysLate = unset\n")
+file(WRITE ${folder}/good.txt "expect state DaysLate = 0\n")
 file(WRITE ${folder}/failed.txt "expect state DaysLate = 7\\t\n")
 file(WRITE ${folder}/bad.txt "start\nclick frmMenu.cmdNikde\n\nfly\n")
 
@@ -20,8 +20,8 @@ function(expect_run status output errors)
   endforeach()
 endfunction()
 
-set(good "DaysLate = unset\n")
-set(failed "DaysLate = unset\nFAILED expected 7\\t\n")
+set(good "DaysLate = 0\n")
+set(failed "DaysLate = 0\nFAILED expected 7\\t\n")
 set(bad "bad.txt:2: unknown control 'frmMenu.cmdNikde'\nbad.txt:4: unknown command 'fly'\n")
 expect_run(0 "${good}" "" good.txt)
 expect_run(0 "${good}" "" -)

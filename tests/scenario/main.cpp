@@ -47,7 +47,7 @@ ExitStatus PlayFile(const std::string& file, bool with_heading, const Names& nam
   std::ifstream from_file;
   if (file != "-") {
     from_file.open(file);
-    if (!from_file) {
+    if (!from_file || std::filesystem::is_directory(file)) {
       std::cerr << file << ": cannot be read\n";
       return kBad;
     }

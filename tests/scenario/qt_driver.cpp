@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -265,7 +266,7 @@ void QtDriver::Settle() {
     QCoreApplication::processEvents();
   } while (event_loop_.pending());
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  QCoreApplication::processEvents();
+  SettleWidgets();
   hold_.emplace(event_loop_.loop());
 }
 
@@ -512,6 +513,12 @@ Value QtDriver::GetOf(const QComboBox& list, const Property& property) {
 }  // namespace
 
 int WithQt(char** argv, const std::function<int()>& play) {
+  // Pictures may be scaled, but a scenario's windows always have the same room.
+  for (const char* name : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI"}) {
+    qunsetenv(name);
+  }
+  // What the offscreen platform cannot do is not worth a word beside the runner's own.
+  QLoggingCategory::setFilterRules("default.warning=false");
   int argc = 1;  // the rest is not for Qt, which has an option of its own called --platform
   // Without a real screen, one on which all windows have room.
   QTemporaryFile screen;

@@ -97,7 +97,7 @@ void Runner::Do(const Command& command) {
 void Runner::ChangeWorld(const Command& command) {
   switch (command.verb) {
     case Verb::kLocale:
-      world_.locale = command.text == "en" ? ui::EnglishLocale() : ui::LocaleFormat();
+      world_.next_locale = command.text == "en" ? ui::EnglishLocale() : ui::LocaleFormat();
       break;
     case Verb::kToday:
       world_.clock.now = {command.day, command.time};
@@ -137,6 +137,7 @@ void Runner::SetServiceFails(const std::string& service, bool fails) {
 void Runner::Start() {
   driver_.SetProgram(nullptr);
   velta_.reset();
+  world_.locale = world_.next_locale;
   velta_ = std::make_unique<Velta>(platform_, kInfo);
   driver_.SetProgram(&velta_->program());
   velta_->Start();
@@ -199,7 +200,7 @@ void Runner::Read(const Command& command) {
       WriteValue(command, command.text,
                  velta_ ? ReadState(command.text, velta_->program().state,
                                     velta_->settings().RoundingMode())
-                        : Value::Bare("unset"));
+                        : ReadState(command.text, CalculationState(), ""));
       break;
     case Verb::kLoaded:
       WriteValue(command, command.place.window + ".loaded",

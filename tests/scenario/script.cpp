@@ -54,7 +54,7 @@ std::chrono::sys_days ParseDay(std::string_view text) {
     const std::chrono::year_month_day date(std::chrono::year{*year},
                                            std::chrono::month{static_cast<unsigned>(*month)},
                                            std::chrono::day{static_cast<unsigned>(*day)});
-    if (*day <= 31 && *month <= 12 && *year <= 9999 && date.ok()) return date;
+    if (*day <= 31 && *month <= 12 && rest.size() == 4 && date.ok()) return date;
   }
   throw Bad(Quoted(text) + " is no date D.M.YYYY");
 }
@@ -412,9 +412,10 @@ Script ParseScript(std::istream& in, const Names& names) {
   Script script;
   std::string line;
   for (int number = 1; std::getline(in, line); ++number) {
+    if (number == 1 && line.rfind("\xEF\xBB\xBF", 0) == 0) line.erase(0, 3);
     if (!line.empty() && line.back() == '\r') line.pop_back();
     line.erase(line.find_last_not_of(' ') + 1);
-    if (line.empty() || line.front() == '#') continue;
+    if (line.find_first_not_of(" \t") == std::string::npos || line.front() == '#') continue;
     try {
       script.commands.push_back(parser.Parse(line));
     } catch (const std::invalid_argument& bad) {
