@@ -332,7 +332,42 @@ TEST_F(frmMenuTest, LoadThatCannotReadTheSettingsIsReported) {
   memory_.event_loop.RunUntilIdle();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 75 (Chyba přístupu k cestě nebo souboru) v proceduře\r\n"
                                    "(MDIForm_Load) of (frmMenu.frm)."));
+  ASSERT_TRUE(windows().IsLoaded("frmMenu"));
+  // What stood before the fault is done, what came after is not.
+  menu_ = dynamic_cast<frmMenu*>(windows().Find("frmMenu"));
+  EXPECT_EQ(menu_->mnuKonecProgramu.caption(), "&Konec programu");
+  EXPECT_EQ(menu_->lblMSG.caption(), "Připraven");
+  EXPECT_EQ(menu_->lblDatum.caption(), "");
+}
+
+TEST_F(frmMenuTest, LoadForgetsAnEarlierCalculation) {
+  velta_.Start();
+  state().CalculationFinished = true;
+  memory_.event_loop.RunUntilIdle();
   EXPECT_TRUE(windows().IsLoaded("frmMenu"));
+  EXPECT_FALSE(state().CalculationFinished);
+}
+
+TEST_F(frmMenuTest, TimersRestBeforeTheOtherWindowsUnload) {
+  Start();
+  bool ticking = true;
+  windows().Register("frmFaktura", [&] {
+    return std::make_unique<OtherWindow>(velta_.program(), "frmFaktura",
+                                         [&] { ticking = menu_->Timer1.enabled(); });
+  });
+  windows().Open("frmFaktura");
+  menu_->mnuKonecProgramu.UserClick();
+  EXPECT_FALSE(ticking);
+}
+
+TEST_F(frmMenuTest, HelpThatCannotBeClosedIsReportedAndTheProgramEnds) {
+  Start();
+  memory_.help_viewer.close_throws = true;
+  menu_->mnuKonecProgramu.UserClick();
+  EXPECT_THAT(Shown(),
+              ElementsAre("Chyba 5 (Neplatné volání procedury nebo argument) v proceduře\r\n"
+                          "(MDIForm_QueryUnload) of (frmMenu.frm)."));
+  EXPECT_TRUE(memory_.event_loop.quit);
 }
 
 TEST_F(frmMenuTest, ClosingEndsTheProgramWithAllItsWindows) {

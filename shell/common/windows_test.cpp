@@ -177,6 +177,22 @@ TEST_F(WindowsTest, WindowThatUnloadsItselfWhileLoadingStaysShut) {
   EXPECT_THAT(log(), ElementsAre("frmA load", "frmA unload", "frmA close"));
 }
 
+TEST_F(WindowsTest, WindowWhoseLoadOpensAnotherIsInFront) {
+  SampleForm::on_load = [this] {
+    SampleForm::on_load = nullptr;
+    windows().Open("frmB");
+  };
+  windows().Open("frmA");
+  EXPECT_EQ(windows().active(), &form("frmA"));
+  EXPECT_TRUE(windows().IsLoaded("frmB"));
+}
+
+TEST_F(WindowsTest, FocusThatTheLoadHasSetStays) {
+  SampleForm::on_load = [this] { form("frmA").cmdKonec.SetFocus(); };
+  windows().Open("frmA");
+  EXPECT_EQ(form("frmA").focused(), &form("frmA").cmdKonec);
+}
+
 TEST_F(WindowsTest, ClosingTheActiveWindowGivesTheFocusBackWithoutAHint) {
   windows().Open("frmA");
   windows().Open("frmB");

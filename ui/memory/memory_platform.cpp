@@ -1,6 +1,7 @@
 #include "ui/memory/memory_platform.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace velta::ui {
 
@@ -114,6 +115,11 @@ bool MemoryHelpViewer::OpenContents(std::string_view file) {
   if (fails) return false;
   opened.push_back({std::string(file), std::nullopt});
   return true;
+}
+
+void MemoryHelpViewer::CloseAll() {
+  if (close_throws) throw std::runtime_error("the help windows do not close");
+  ++times_closed;
 }
 
 bool MemoryHelpViewer::OpenTopic(std::string_view file, int topic) {

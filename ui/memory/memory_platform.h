@@ -124,10 +124,11 @@ class MemoryHelpViewer final : public HelpViewer {
   };
   bool OpenContents(std::string_view file) override;
   bool OpenTopic(std::string_view file, int topic) override;
-  void CloseAll() override { ++times_closed; }
+  void CloseAll() override;
 
   std::vector<Opened> opened;
   int times_closed = 0;
+  bool close_throws = false;
   bool fails = false;
 };
 

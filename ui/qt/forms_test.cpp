@@ -12,6 +12,8 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QRegularExpression>
 #include <QTest>
 #include <set>
@@ -138,6 +140,57 @@ TEST_P(FormsTest, EveryPictureIsThere) {
     }
   }
   EXPECT_FALSE(root().window()->windowIcon().pixmap(16).isNull());
+}
+
+class MainFormTest : public ::testing::Test {
+ protected:
+  MainFormTest() {
+    memory_.program_folder.path = VELTA_SOURCE_DIR "/data";
+    velta_.Start();
+    memory_.event_loop.RunUntilIdle();
+    QTest::qWait(1);
+  }
+  static QMainWindow& Main() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* main = qobject_cast<QMainWindow*>(widget);
+      if (main != nullptr && main->isVisible()) return *main;
+    }
+    ADD_FAILURE() << "not on the screen";
+    abort();
+  }
+
+  ui::MemoryPlatform memory_;
+  WindowSystem window_system_{memory_.locale};
+  Velta velta_{memory_.platform(window_system_), {1, 0, 0, {}}};
+};
+
+TEST_F(MainFormTest, MenusStandInTheModelsOrder) {
+  std::vector<std::string> of_model;
+  for (ui::Control* control : velta_.program().windows.Find("frmMenu")->controls()) {
+    if (dynamic_cast<ui::MenuItem*>(control) != nullptr) of_model.push_back(control->name());
+  }
+  std::vector<std::string> on_screen;
+  for (const QAction* title : Main().menuBar()->actions()) {
+    on_screen.push_back(ToUtf8(title->menu()->objectName()));
+    for (const QAction* action : title->menu()->actions()) {
+      on_screen.push_back(ToUtf8(action->objectName()));
+    }
+  }
+  EXPECT_EQ(on_screen, of_model);
+}
+
+TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
+  const auto& toolbar = *Main().findChild<QWidget*>("fraTop");
+  const auto& desktop = *Main().findChild<QMdiArea*>();
+  const auto& strip = *Main().findChild<QWidget*>("picSTB");
+  const auto& hint = *Main().findChild<QLabel*>("lblMSG");
+  const auto top = [&](const QWidget& widget) { return widget.mapTo(&Main(), QPoint()).y(); };
+  EXPECT_LT(top(toolbar), top(desktop));
+  EXPECT_LT(top(desktop), top(strip));
+  const int before = hint.width();
+  Main().resize(Main().width() + 100, Main().height());
+  QTest::qWait(1);
+  EXPECT_EQ(hint.width(), before + 100);
 }
 
 std::vector<std::string> AllWindows() {

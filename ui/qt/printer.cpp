@@ -3,10 +3,18 @@
 #include <cups/cups.h>
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
 #include <QFontInfo>
+#include <QLineEdit>
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <algorithm>
 
 #include "ui/qt/text.h"
 
@@ -19,7 +27,7 @@ namespace {
 constexpr double kMargin = 27;
 constexpr double kCellWidth = 6;
 constexpr double kLineHeight = 12;
-constexpr int kLinesOfPage = 65;
+constexpr double kLineWidth = 90 * kCellWidth;
 
 /// The asked font, or a fixed-pitch one with Czech letters that is as wide.
 QFont CellFont(const ui::PrintedDocument& document) {
@@ -38,23 +46,31 @@ class CellPainter {
 
   /// False where the printer or the file refuses.
   bool Draw(const std::vector<ui::PrintedLine>& lines) {
-    if (!painter_.begin(&printer_)) return false;
+    const QSizeF paper = printer_.pageLayout().paintRect(QPageLayout::Point).size();
+    // Where a printer cannot print as close to the paper's edge, the page gets smaller, not cut
+    // off.
+    const double scale = std::min(1.0, paper.width() / kLineWidth);
+    const auto lines_of_page = static_cast<std::size_t>(paper.height() / (kLineHeight * scale));
+    if (lines_of_page == 0 || !painter_.begin(&printer_)) return false;
+    painter_.scale(scale, scale);
     const double dots = printer_.resolution() / 72.0;  // a point's
-    painter_.setFont(font_);
     const double ascent = QFontMetricsF(font_, &printer_).ascent();
-    int row = 0;
-    for (const ui::PrintedLine& line : lines) {
-      if (row == kLinesOfPage) {
-        if (!printer_.newPage()) return false;
-        row = 0;
-      }
-      DrawLine(line, dots, ascent + row * kLineHeight * dots);
-      ++row;
+    bool first_page = true;  // that the painter has begun
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const std::size_t row = i % lines_of_page;
+      if (!IsChosen(static_cast<int>(i / lines_of_page) + 1)) continue;
+      if (row == 0 && !std::exchange(first_page, false) && !printer_.newPage()) return false;
+      DrawLine(lines[i], dots, ascent + static_cast<double>(row) * kLineHeight * dots);
     }
     return painter_.end();
   }
 
  private:
+  /// Whether the user wants that page; they are counted from 1.
+  bool IsChosen(int page) const {
+    return printer_.printRange() != QPrinter::PageRange || printer_.pageRanges().contains(page);
+  }
+
   void DrawLine(const ui::PrintedLine& line, double dots, double baseline) {
     QFont font = font_;
     font.setBold(line.bold);
@@ -74,6 +90,33 @@ class CellPainter {
   QPainter painter_;
 };
 
+/// Whether the file is a PDF up to its last line. Qt does not say when the disk was full.
+bool IsWholePdf(const QString& path) {
+  static const QByteArray kEnd = "%%EOF\n";
+  QFile file(path);
+  return file.open(QFile::ReadOnly) && file.seek(file.size() - kEnd.size()) &&
+         file.read(kEnd.size()) == kEnd;
+}
+
+/// Suggests a file in the user's documents for a printout that goes to a file.
+void SuggestFile(QPrintDialog& dialog, const QString& document_name) {
+  auto* const file_name = dialog.findChild<QLineEdit*>("filename");
+  if (file_name == nullptr) return;
+  const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  const QDir folder = documents.exists() ? documents : QDir::home();
+  file_name->setText(folder.filePath(document_name + ".pdf"));
+}
+
+/// Opens the lower part of the dialog, where the copies are. Its button is the one that neither
+/// prints nor cancels.
+void ShowCopies(const QPrintDialog& dialog) {
+  const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+  if (buttons == nullptr) return;
+  for (QAbstractButton* const button : buttons->buttons()) {
+    if (buttons->buttonRole(button) == QDialogButtonBox::ResetRole) button->click();
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<QPrinter> MakePagePrinter() {
@@ -90,18 +133,18 @@ bool PrintJob::Print(const ui::PrintedDocument& document) {
   printer_->setDocName(ToQString(document.name));
   const bool to_file = printer_->outputFormat() == QPrinter::PdfFormat;
   if (!CellPainter(*printer_, font).Draw(document.lines)) return false;
-  // Whether the print server took the job it does not tell Qt, only whoever asks for its last
-  // answer.
-  return to_file || cupsLastError() <= IPP_STATUS_OK_EVENTS_COMPLETE;
+  if (to_file) return IsWholePdf(printer_->outputFileName());
+  // Qt hands the job to the print server when the painter ends, and keeps its answer to itself.
+  return cupsLastError() <= IPP_STATUS_OK_EVENTS_COMPLETE;
 }
 
 std::unique_ptr<ui::PrintJob> Printer::AskUser(const std::string& document_name) {
   const EventLoop::Pause pause(event_loop_);
   auto printer = MakePagePrinter();
-  printer->setDocName(ToQString(document_name));  // what a file is called at first
   QPrintDialog dialog(printer.get(), QApplication::activeWindow());
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-  dialog.setOption(QAbstractPrintDialog::PrintShowPageSize, false);
+  dialog.setOption(QAbstractPrintDialog::PrintShowPageSize, false);  // the layout is for A4
+  SuggestFile(dialog, ToQString(document_name));
+  ShowCopies(dialog);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
   return std::make_unique<PrintJob>(std::move(printer));
 }

@@ -112,6 +112,19 @@ TEST_F(WindowSystemTest, BusyWindowShowsTheHourglassUntilItIsDone) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(WindowSystemTest, BusyWindowThatClosesTakesItsHourglassAlong) {
+  main_.SetBusy(true);
+  main_view_->Close();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(WindowSystemTest, MinimisedMainWindowIsRestoredByShow) {
+  Main()->showMinimized();
+  ASSERT_TRUE(Main()->isMinimized());
+  main_view_->Show();
+  EXPECT_FALSE(Main()->isMinimized());
+}
+
 TEST_F(WindowSystemTest, SplashGoesByAClickAndByEsc) {
   ui::Window splash("frmSplash", ui::WindowKind::kSplash, loop_);
   int asked = 0;

@@ -1,0 +1,390 @@
+#include "ui/qt/printer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <csignal>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/pdf.h"
+#include "ui/qt/czech_texts.h"
+
+namespace velta::qt {
+namespace {
+
+// The printers of whoever runs the tests are none of ours. The printing library looks here once.
+const bool kWithoutPrinters = qputenv("CUPS_SERVER", "/nonexistent/cups.sock");
+
+constexpr int kLinesOfPage = 65;
+constexpr double kTenthOfPoint = 0.1;
+
+class PrintJobTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!PdfToolsAreInstalled()) GTEST_SKIP() << "poppler-utils is not installed";
+  }
+
+  static ui::PrintedDocument Document(std::vector<ui::PrintedLine> lines) {
+    return {"Zkouška", "Courier New CE", 10, std::move(lines)};
+  }
+  /// Lines "1", "2" and so on, the first and the last column marked.
+  static ui::PrintedDocument NumberedLines(int count) {
+    std::vector<ui::PrintedLine> lines;
+    for (int i = 1; i <= count; ++i) lines.push_back({NumberedLine(i)});
+    return Document(std::move(lines));
+  }
+  static std::string NumberedLine(int number) {
+    return "[" + QString::number(number).leftJustified(88, '.').toStdString() + "]";
+  }
+  static std::vector<std::string> NumbersFrom(int first, int last) {
+    std::vector<std::string> lines;
+    for (int i = first; i <= last; ++i) lines.push_back(NumberedLine(i));
+    return lines;
+  }
+
+  std::unique_ptr<QPrinter> FilePrinter() const {
+    auto printer = MakePagePrinter();
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setOutputFileName(file_);
+    return printer;
+  }
+  bool Print(const ui::PrintedDocument& document) const {
+    return PrintJob(FilePrinter()).Print(document);
+  }
+
+  QTemporaryDir folder_;
+  QString file_ = folder_.filePath("výpočet.pdf");
+};
+
+TEST_F(PrintJobTest, EveryCharacterStandsInItsColumn) {
+  const std::vector<std::string> lines = {
+      "....5...10...15...20...25...30...35...40...45...50...55...60...65...70...75...80...85...90",
+      "    ÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ áčďéěíňóřšťúůýž  Příliš žluťoučký kůň úpěl ďábelské ódy",
+      "    0,5 ‰ denně                                                 3  %",
+      std::string(88, ' ') + "Kč",
+      std::string(89, '*') + "‰",
+  };
+  std::vector<ui::PrintedLine> printed;
+  for (const std::string& line : lines) printed.push_back({line});
+  ASSERT_TRUE(Print(Document(printed)));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(lines));
+}
+
+TEST_F(PrintJobTest, ColumnsAreSixPointsWideAndLinesTwelvePointsHigh) {
+  std::vector<ui::PrintedLine> lines(kLinesOfPage);
+  const std::string last_column = std::string(43, ' ') + "m" + std::string(44, ' ') + "m";
+  lines.front().text = "m" + last_column;
+  lines.back().text = "ž" + last_column;
+  ASSERT_TRUE(Print(Document(lines)));
+
+  const std::vector<PdfWord> words = PdfWords(file_);
+  ASSERT_EQ(words.size(), 6U);
+  for (const std::size_t row : {0U, 3U}) {
+    EXPECT_NEAR(words[row].left, 27, kTenthOfPoint);
+    EXPECT_NEAR(words[row + 1].left, 27 + 44 * 6, kTenthOfPoint);
+    EXPECT_NEAR(words[row + 2].left, 27 + 89 * 6, kTenthOfPoint);
+    EXPECT_LE(words[row + 2].right, 595 - 27 + 1);
+  }
+  EXPECT_NEAR(words[3].top - words[0].top, 64 * 12, kTenthOfPoint);
+  EXPECT_GE(words[0].top, 27);
+  EXPECT_LE(words[3].bottom, 842 - 27);
+}
+
+TEST_F(PrintJobTest, FullPageGoesOnToTheNextAndNoLineIsLost) {
+  ASSERT_TRUE(Print(NumberedLines(150)));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(1, 65), NumbersFrom(66, 130),
+                                                      NumbersFrom(131, 150)));
+}
+
+TEST_F(PrintJobTest, ExactlyFullPageIsFollowedByNoEmptyOne) {
+  ASSERT_TRUE(Print(NumberedLines(kLinesOfPage)));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(1, 65)));
+}
+
+TEST_F(PrintJobTest, OnlyTheChosenPagesArePrinted) {
+  auto printer = FilePrinter();
+  printer->setPrintRange(QPrinter::PageRange);
+  printer->setFromTo(2, 3);
+  ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(4 * kLinesOfPage)));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(66, 130), NumbersFrom(131, 195)));
+}
+
+TEST_F(PrintJobTest, PrinterWithWideMarginsPrintsSmallerAndCutsNothingOff) {
+  auto printer = FilePrinter();
+  printer->setPageMargins(QMarginsF(60, 60, 60, 60), QPageLayout::Point);
+  ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(150)));
+
+  const std::vector<PdfWord> words = PdfWords(file_);
+  ASSERT_EQ(words.size(), 150U);
+  for (int i = 0; i < 150; ++i) {
+    const PdfWord& word = words[static_cast<std::size_t>(i)];
+    EXPECT_EQ(word.text.toStdString(), NumberedLine(i + 1));
+    EXPECT_GE(word.left, 60 - kTenthOfPoint);
+    EXPECT_LE(word.right, 595 - 60 + 1);
+    EXPECT_LE(word.bottom, 842 - 60 + 1);
+  }
+}
+
+TEST_F(PrintJobTest, FontsAreEmbeddedAndOfFixedPitch) {
+  ASSERT_TRUE(Print(Document({{"Úrok z prodlení 0,5 ‰"}})));
+  const QStringList fonts = PdfFonts(file_);
+  ASSERT_EQ(fonts.size(), 1);
+  // name, type, encoding, embedded, subset, with a table back to Unicode
+  EXPECT_THAT(fonts[0].toStdString(),
+              ::testing::MatchesRegex(
+                  ".*(CourierNew|LiberationMono|DejaVuSansMono).* yes +(yes|no) +yes .*"));
+}
+
+TEST_F(PrintJobTest, BoldLinesAreInABoldFontOfTheSamePitch) {
+  const std::string text = std::string(89, '*') + "ž";
+  ASSERT_TRUE(Print(Document({{text, true}, {text}})));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(std::vector({text, text})));
+  const QStringList fonts = PdfFonts(file_);
+  EXPECT_EQ(fonts.size(), 2);
+  EXPECT_EQ(fonts.filter("Bold").size(), 1);
+}
+
+TEST_F(PrintJobTest, FailsWhereTheFileCannotBeWritten) {
+  QFile in_the_way(file_);
+  ASSERT_TRUE(in_the_way.open(QFile::WriteOnly));
+  file_ += "/below-a-file.pdf";
+  EXPECT_FALSE(Print(NumberedLines(1)));
+}
+
+TEST_F(PrintJobTest, FailsWhereTheDiskIsFull) {
+  // No file may grow beyond a few bytes for a while, which to the writer looks the same.
+  const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit old_limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old_limit), 0);
+  rlimit limit = old_limit;
+  limit.rlim_cur = 4096;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  const bool printed = Print(NumberedLines(1));
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old_limit), 0);
+  std::signal(SIGXFSZ, old_handler);
+  EXPECT_FALSE(printed);
+  EXPECT_TRUE(Print(NumberedLines(1)));
+}
+
+class PrintDialogTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(home_.isValid());
+    qputenv("HOME", home_.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home_.filePath(".config").toUtf8());
+  }
+  void TearDown() override {
+    qputenv("HOME", old_home_);
+    qunsetenv("XDG_CONFIG_HOME");
+    if (!old_config_.isEmpty()) qputenv("XDG_CONFIG_HOME", old_config_);
+  }
+
+  /// Asks for a printer and lets `user` act on the dialog, which is cancelled if it is still open
+  /// after that.
+  std::unique_ptr<ui::PrintJob> Ask(const std::function<void(QPrintDialog&)>& user) {
+    bool shown = false;
+    QTimer::singleShot(0, &context_, [&] {
+      auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      shown = true;
+      user(*dialog);
+      if (dialog->isVisible()) dialog->reject();
+    });
+    auto job = service_.AskUser("Výpočet úroku z prodlení");
+    EXPECT_TRUE(shown);
+    return job;
+  }
+
+  template <class Part>
+  static Part& Find(QDialog& dialog, const char* name) {
+    auto* const part = dialog.findChild<Part*>(name);
+    if (part == nullptr) throw std::logic_error(std::string("no ") + name);
+    return *part;
+  }
+  static void Press(QDialog& dialog, const QString& text) {
+    for (auto* const button : dialog.findChildren<QPushButton*>()) {
+      if (button->text() == text) return button->click();
+    }
+    FAIL() << "no button " << text.toStdString();
+  }
+
+  QTemporaryDir home_;
+  QByteArray old_home_ = qgetenv("HOME");
+  QByteArray old_config_ = qgetenv("XDG_CONFIG_HOME");
+  QObject context_;
+  EventLoop loop_;
+  Printer service_{loop_};
+};
+
+TEST_F(PrintDialogTest, WithoutAnyPrinterOffersAFile) {
+  Ask([](QPrintDialog& dialog) {
+    const auto& printers = Find<QComboBox>(dialog, "printers");
+    EXPECT_EQ(printers.count(), 1);
+    EXPECT_EQ(printers.currentText(), "Tisk do souboru (PDF)");
+    EXPECT_TRUE(Find<QLineEdit>(dialog, "filename").isEnabled());
+  });
+}
+
+TEST_F(PrintDialogTest, SuggestsAFileInTheHomeFolder) {
+  Ask([&](QPrintDialog& dialog) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, "filename").text(),
+              home_.filePath("Výpočet úroku z prodlení.pdf"));
+  });
+}
+
+TEST_F(PrintDialogTest, SuggestsAFileInTheDocumentsWhereThereIsSuchAFolder) {
+  ASSERT_TRUE(QDir(home_.path()).mkdir("Dokumenty"));
+  ASSERT_TRUE(QDir(home_.path()).mkdir(".config"));
+  QFile folders(home_.filePath(".config/user-dirs.dirs"));
+  ASSERT_TRUE(folders.open(QFile::WriteOnly));
+  folders.write("XDG_DOCUMENTS_DIR=\"$HOME/Dokumenty\"\n");
+  folders.close();
+  Ask([&](QPrintDialog& dialog) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, "filename").text(),
+              home_.filePath("Dokumenty/Výpočet úroku z prodlení.pdf"));
+  });
+}
+
+TEST_F(PrintDialogTest, ShowsTheCopiesAtOnceAndStartsWithOne) {
+  Ask([](QPrintDialog& dialog) {
+    const auto& copies = Find<QSpinBox>(dialog, "copies");
+    EXPECT_TRUE(copies.isVisible());
+    EXPECT_EQ(copies.value(), 1);
+  });
+}
+
+TEST_F(PrintDialogTest, LeavesThePaperAlone) {
+  Ask([](QPrintDialog& dialog) {
+    EXPECT_FALSE(Find<QPushButton>(dialog, "properties").isVisible());
+  });
+}
+
+TEST_F(PrintDialogTest, CancelledGivesNoJob) {
+  EXPECT_EQ(Ask([](QPrintDialog& dialog) { Press(dialog, "Zrušit"); }), nullptr);
+  EXPECT_EQ(Ask([](QPrintDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }), nullptr);
+  EXPECT_TRUE(QDir(home_.path()).isEmpty());
+}
+
+TEST_F(PrintDialogTest, PrintsToTheFileThatTheUserNames) {
+  const QString file = home_.filePath("jiný.pdf");
+  const auto job = Ask([&](QPrintDialog& dialog) {
+    Find<QLineEdit>(dialog, "filename").setText(file);
+    Find<QSpinBox>(dialog, "copies").setValue(4);
+    Press(dialog, "&Tisk");
+  });
+  ASSERT_NE(job, nullptr);
+  EXPECT_EQ(job->copies(), 4);
+  const std::string line(90, 'm');
+  ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, {{line}}}));
+  if (!PdfToolsAreInstalled()) GTEST_SKIP() << "poppler-utils is not installed";
+  EXPECT_THAT(PdfPages(file), ::testing::ElementsAre(std::vector({line})));
+}
+
+TEST_F(PrintDialogTest, AsksInCzechBeforeItReplacesAFile) {
+  QFile file(home_.filePath("Výpočet úroku z prodlení.pdf"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  QString question;
+  QStringList answers;
+  const auto job = Ask([&](QPrintDialog& dialog) {
+    QTimer::singleShot(0, &context_, [&] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      question = box->text();
+      for (const auto* const button : box->buttons()) answers.append(button->text().remove('&'));
+      box->button(QMessageBox::No)->click();
+    });
+    Press(dialog, "&Tisk");
+    EXPECT_TRUE(dialog.isVisible());
+  });
+  EXPECT_EQ(job, nullptr);
+  EXPECT_THAT(
+      question.toStdString(),
+      ::testing::AllOf(::testing::HasSubstr(file.fileName().toStdString()),
+                       ::testing::HasSubstr("již existuje"), ::testing::HasSubstr("přepsat?")));
+  EXPECT_EQ(answers, QStringList({"Ano", "Ne"}));
+}
+
+TEST_F(PrintDialogTest, CallbacksOfTheProgramWaitForTheAnswer) {
+  bool ran = false;
+  loop_.After(std::chrono::milliseconds(0), [&] { ran = true; });
+  Ask([&](QPrintDialog& /*dialog*/) {
+    QTest::qWait(30);
+    EXPECT_FALSE(ran);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ran; }));
+}
+
+/// All that a widget says or could say.
+QStringList TextsOf(const QWidget& widget) {
+  QStringList texts;
+  for (const char* property : {"text", "title", "windowTitle", "toolTip", "statusTip", "whatsThis",
+                               "placeholderText", "prefix", "suffix", "accessibleName"}) {
+    texts.append(widget.property(property).toString());
+  }
+  if (const auto* const list = qobject_cast<const QComboBox*>(&widget)) {
+    for (int i = 0; i < list->count(); ++i) texts.append(list->itemText(i));
+  }
+  if (const auto* const tabs = qobject_cast<const QTabWidget*>(&widget)) {
+    for (int i = 0; i < tabs->count(); ++i) texts.append(tabs->tabText(i));
+  }
+  texts.removeAll(QString());
+  return texts;
+}
+
+TEST_F(PrintDialogTest, SpeaksCzechInAllItsTexts) {
+  static const QRegularExpression kEnglish(
+      R"(\b(advanced|all|binding|cancel|collate|colou?r|copies|copy|current|double|even|file|form|from|)"
+      R"(grayscale|jobs?|local|location|long|name|none|odd|off|options|output|pages?|preview|print(er|ing)?|)"
+      R"(properties|range|reverse|save|selection|settings?|short|side[ds]?|specify|type|write)\b)",
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+  QStringList texts;
+  Ask([&](QPrintDialog& dialog) {
+    texts = TextsOf(dialog);
+    for (const auto* const widget : dialog.findChildren<QWidget*>()) texts += TextsOf(*widget);
+  });
+  for (const QString& text : texts) {
+    if (text.startsWith(home_.path())) continue;  // the file's path
+    const QString plain = QString(text).remove('&');
+    EXPECT_FALSE(kEnglish.match(plain).hasMatch()) << plain.toStdString();
+  }
+  // The dialog as it stands: that something has been looked at.
+  EXPECT_THAT(texts, ::testing::IsSupersetOf({"Tisk", "Zrušit", "Oboustranný tisk", "Vypnuto",
+                                              "Vazba na delší straně", "Počet exemplářů:"}));
+}
+
+TEST(CzechTextsTest, TranslatesWhatQtLeavesInEnglish) {
+  const CzechTexts texts;
+  EXPECT_EQ(texts.translate("QPrintSettingsOutput", "Off", nullptr, -1), "Vypnuto");
+  EXPECT_EQ(texts.translate("QPrintDialog", "Page Setup Conflicts", nullptr, -1),
+            "Neslučitelné nastavení strany");
+}
+
+TEST(CzechTextsTest, LeavesTheRestToQt) {
+  const CzechTexts texts;
+  EXPECT_TRUE(texts.translate("QPrintDialog", "Copies", nullptr, -1).isNull());
+  EXPECT_TRUE(texts.translate("QDialogButtonBox", "Off", nullptr, -1).isNull());
+}
+
+}  // namespace
+}  // namespace velta::qt
