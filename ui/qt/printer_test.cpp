@@ -5,17 +5,14 @@
 #include <sys/resource.h>
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -24,6 +21,7 @@
 #include <csignal>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -86,6 +84,7 @@ TEST_F(PrintJobTest, EveryCharacterStandsInItsColumn) {
       std::string(89, '*') + "‰",
   };
   std::vector<ui::PrintedLine> printed;
+  printed.reserve(lines.size());
   for (const std::string& line : lines) printed.push_back({line});
   ASSERT_TRUE(Print(Document(printed)));
   EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(lines));
@@ -299,6 +298,25 @@ TEST_F(PrintDialogTest, PrintsToTheFileThatTheUserNames) {
   ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, {{line}}}));
   if (!PdfToolsAreInstalled()) GTEST_SKIP() << "poppler-utils is not installed";
   EXPECT_THAT(PdfPages(file), ::testing::ElementsAre(std::vector({line})));
+}
+
+TEST_F(PrintDialogTest, PrintsThePagesThatTheUserChooses) {
+  if (!PdfToolsAreInstalled()) GTEST_SKIP() << "poppler-utils is not installed";
+  const auto job = Ask([](QPrintDialog& dialog) {
+    Find<QRadioButton>(dialog, "printRange").click();
+    Find<QSpinBox>(dialog, "to").setValue(2);
+    Find<QSpinBox>(dialog, "from").setValue(2);
+    Press(dialog, "&Tisk");
+  });
+  ASSERT_NE(job, nullptr);
+  constexpr std::size_t kPage = kLinesOfPage;
+  std::vector<ui::PrintedLine> lines(3 * kPage);
+  lines[0].text = "první";
+  lines[kPage].text = "druhá";
+  lines[2 * kPage].text = "třetí";
+  ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, lines}));
+  EXPECT_THAT(PdfPages(home_.filePath("Výpočet úroku z prodlení.pdf")),
+              ::testing::ElementsAre(std::vector<std::string>{"druhá"}));
 }
 
 TEST_F(PrintDialogTest, AsksInCzechBeforeItReplacesAFile) {
