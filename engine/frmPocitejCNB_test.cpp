@@ -332,6 +332,27 @@ TEST_F(PocitejCnbTest, TheDaysAreAddedOneByOne) {
   EXPECT_EQ(engine.lblPenale, "250,000000000001");
 }
 
+TEST_F(PocitejCnbTest, EachDayIsDividedOnce) {
+  Load(CrLf({CnbLine("01.01.2003", "", "1,75", "3,50")}));
+  // 30 additions of 305.5 × 3.5 / 36500; dividing by 100 and then by 365 gives …357 at the end.
+  Compute("1.1.2003", "31.1.2003", "305,5");
+  EXPECT_EQ(engine.lblPenale, "0,878835616438356");
+}
+
+TEST_F(PocitejCnbTest, TheAmountIsKeptToFourDecimals) {
+  Load(CrLf({CnbLine("01.01.2003", "", "1,75", "3,50")}));
+  Compute("1.1.2003", "31.1.2003", "0,00005");
+  EXPECT_EQ(engine.lblPenale, "0");
+}
+
+TEST_F(PocitejCnbTest, LoadedAgainItHasOnlyTheRowsOfTheNewFile) {
+  Load(kFourRows);
+  Load(CrLf({CnbLine("01.01.2003", "", "1,75", "3,50")}));
+  for (std::size_t list = 0; list < 4; ++list) EXPECT_EQ(Texts(list).size(), 1U);
+  Compute("1.1.2020", "2.1.2020", "36500");
+  EXPECT_EQ(engine.lblPenale, "3,5");
+}
+
 TEST_F(PocitejCnbTest, ADelayFromAGapBearsNothingUntilTheLastRow) {
   Load(CrLf({CnbLine("01.01.2003", "30.01.2003", "1,50", "3,00"),
              CnbLine("31.01.2003", "25.06.2003", "3,00", "6,00"),

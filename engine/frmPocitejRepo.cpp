@@ -67,12 +67,18 @@ void frmPocitejRepo::Command2_Click() {
   base_amount_ = state.BaseAmount;
   lblPocetDnuProdleni = std::to_string(DaysBetween(dtpSplatnost, dtpZaplaceni));
 
-  BeginPeriod(dtpSplatnost);
+  const ui::LocaleFormat& locale = program_.platform.locale;
+  Date from = dtpSplatnost;
+  lstOd.push_back(ShortDateText(from, locale));
   for (;;) {
+    periods_.push_back({.from = from, .to = from, .rate = ToRate(lstSazba.SelectedText(), locale)});
+    lstUrok.push_back(lstSazba.SelectedText());
     const Date half_year = table_.at(static_cast<std::size_t>(lstDatum.selected())).start;
     const Date next_half_year = AddMonths(half_year, 6);
     if (dtpZaplaceni < next_half_year) break;
     EndPeriod(AddDays(next_half_year, -1));
+    from = next_half_year;
+    lstOd.push_back(ShortDateText(from, locale));
     try {
       lstDatum.Select(lstDatum.selected() + 1);
     } catch (const Error&) {
@@ -81,26 +87,23 @@ void frmPocitejRepo::Command2_Click() {
       return;
     }
     lstSazba.Select(lstDatum.selected());
-    BeginPeriod(next_half_year);
   }
   EndPeriod(dtpZaplaceni);
+  CountDays();
   Timer1.Arm();
 }
 
-void frmPocitejRepo::BeginPeriod(Date from) {
-  const ui::LocaleFormat& locale = program_.platform.locale;
-  periods_.push_back({.from = from, .rate = ToRate(lstSazba.SelectedText(), locale)});
-  lstOd.push_back(ShortDateText(from, locale));
-  lstUrok.push_back(lstSazba.SelectedText());
+void frmPocitejRepo::EndPeriod(Date to) {
+  periods_.back().to = to;
+  lstDo.push_back(ShortDateText(to, program_.platform.locale));
 }
 
-void frmPocitejRepo::EndPeriod(Date to) {
-  InterestPeriod& period = periods_.back();
-  period.to = to;
-  // The first period begins with the due date, which is no day of delay.
-  period.days = DaysBetween(period.from, to) + (periods_.size() > 1 ? 1 : 0);
-  lstDo.push_back(ShortDateText(to, program_.platform.locale));
-  lstPocetDnu.push_back(std::to_string(period.days));
+void frmPocitejRepo::CountDays() {
+  for (InterestPeriod& period : periods_) {
+    // The first period begins with the due date, which is no day of delay.
+    period.days = DaysBetween(period.from, period.to) + (lstPocetDnu.empty() ? 0 : 1);
+    lstPocetDnu.push_back(std::to_string(period.days));
+  }
 }
 
 void frmPocitejRepo::Command3_Click() {

@@ -68,8 +68,8 @@ class frmPocitejRepo {
   ui::Timer Timer1;
 
  private:
-  void BeginPeriod(Date from);
   void EndPeriod(Date to);
+  void CountDays();
 
   Program& program_;
   std::function<void()> start_tmrRepo_;

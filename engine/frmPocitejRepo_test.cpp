@@ -93,6 +93,16 @@ TEST_F(PocitejRepoTest, LoadsTwoParallelLists) {
   EXPECT_FALSE(engine->rate_found());
 }
 
+TEST_F(PocitejRepoTest, LoadedAgainItHasOnlyTheRowsOfTheNewFile) {
+  Load(kThreeYears);
+  Load(CrLf({"010120062,00", "010720062,50"}));
+  EXPECT_EQ(engine->lstDatum.size(), 2);
+  EXPECT_EQ(engine->lstSazba.size(), 2);
+  Load(kThreeYears);
+  Calculate(Day(2006, 3, 15), Day(2006, 5, 20));
+  EXPECT_THAT(engine->lstUrok, ElementsAre("9"));
+}
+
 TEST_F(PocitejRepoTest, HasTheSameRatesWhereTheUserHasPoints) {
   memory.locale = ui::EnglishLocale();
   Load(kThreeYears);
@@ -282,6 +292,10 @@ TEST_F(PocitejRepoTest, APaymentAfterTheTableGetsAMessageAndNoInterest) {
   EXPECT_FALSE(engine->Timer1.armed());
   memory.event_loop.RunUntilIdle();
   EXPECT_EQ(completions, 0);
+  // The rows of a split that has not come to its end have no days.
+  EXPECT_THAT(engine->lstOd, ElementsAre("1.12.2008", "1.1.2009"));
+  EXPECT_THAT(engine->lstDo, ElementsAre("31.12.2008"));
+  EXPECT_THAT(engine->lstPocetDnu, IsEmpty());
   EXPECT_THAT(engine->lstPenale, IsEmpty());
 }
 

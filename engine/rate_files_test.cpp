@@ -131,6 +131,14 @@ TEST(ParseCnbRowTest, TakesTheFourFieldsFromTheirColumns) {
   EXPECT_EQ(row.interest_rate, "3,50");
 }
 
+TEST(ParseCnbRowTest, TheInterestBeginsAtColumn61AndHas19Columns) {
+  std::string line = CnbLine("01.01.2003", "", "1,75", "3,50");
+  line[59] = '9';  // column 60 parts the fields; only the settings' view of the table reads it
+  line.resize(79, ' ');
+  line += "77";  // from column 80 on
+  EXPECT_EQ(ParseCnbRow(line, kToday, kCzech).interest_rate, "3,50");
+}
+
 TEST(ParseCnbRowTest, AShortRowLacksItsLastFields) {
   const CnbRow row = ParseCnbRow("01.01.2003", kToday, kCzech);
   EXPECT_EQ(row.valid_to, kToday);

@@ -238,6 +238,24 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"GroupedAmount", "NE", "10 000,50", 1, "10", 365, "1 000,05 Kč", "11 000,55 Kč"},
         TypedCase{"NoBreakSpace", "NE", "10\u00a0000,50", 1, "10", 365, "1 000,05 Kč",
                   "11 000,55 Kč"},
+        // Where another order of the operations would show another amount.
+        TypedCase{"OrderDaily", "halere", "11185,65", 0, "23", 398, "1 023 934,40 Kč",
+                  "1 035 120,05 Kč"},
+        TypedCase{"OrderPerMilleYearly", "halere", "7358,75", 3, "23", 292, "135,50 Kč",
+                  "7 494,25 Kč"},
+        TypedCase{"OrderPerMilleDaily", "halere", "14755,88", 2, "8,25", 100, "12 173,70 Kč",
+                  "26 929,58 Kč"},
+        TypedCase{"OrderYearlyDivisions", "halere", "13496,50", 1, "19", 219, "1 538,60 Kč",
+                  "15 035,10 Kč"},
+        TypedCase{"OrderYearlyDays", "halere", "15491,01", 1, "10", 365, "1 549,10 Kč",
+                  "17 040,11 Kč"},
+        TypedCase{"OrderYearlyRate", "halere", "3028,85", 1, "26", 365, "787,50 Kč", "3 816,35 Kč"},
+        // 0.00496 to four decimals would be 0.0050 and show as 0,01.
+        TypedCase{"InterestIsShownFromItsOwnDigits", "NE", "0,496", 0, "1", 1, "0,00 Kč",
+                  "0,50 Kč"},
+        // The sum is made of amounts; a double of that size has no haléř to spare.
+        TypedCase{"LargeAmountKeepsItsHaler", "NE", "90000000000000,01", 1, "0", 10, "0,00 Kč",
+                  "90 000 000 000 000,01 Kč"},
         TypedCase{"ZeroRate", "NE", "10000", 1, "0", 365, "0,00 Kč", "10 000,00 Kč"},
         TypedCase{"NegativeRate", "NE", "10000", 1, "-1", 365, "-100,00 Kč", "9 900,00 Kč"}),
     [](const auto& tested) { return std::string(tested.param.name); });
@@ -379,6 +397,21 @@ TEST_F(frmJednotlivyTest, DueDateInNoRowIsToldAndTheResultsStay) {
   EXPECT_TRUE(state().CalculationFinished);
 }
 
+TEST_F(frmJednotlivyTest, RateOfAnEarlierSearchIsNoAnswerToTheNextOne) {
+  RateFolder folder;
+  folder.Write("cnb.dat", CrLf({CnbLine("01.01.2003", "31.12.2003", "1,00", "2,00"),
+                                CnbLine("01.01.2005", "", "2,00", "4,00")}));
+  folder.Write("repo.dat", "");
+  memory_.program_folder.path = folder.path();
+  Open();
+  Enter(Day(2003, 6, 1), Day(2005, 3, 1), "10000", kDiscount, "");
+  const std::string interest = form_->lblPenale.caption();
+  ASSERT_NE(interest, "");
+  form_->dtpSplatnost.UserPick(Day(2004, 6, 1));  // in the gap of two rows
+  EXPECT_THAT(Shown(), ElementsAre(kNoRate));
+  EXPECT_EQ(form_->lblPenale.caption(), interest);
+}
+
 TEST_F(frmJednotlivyTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
   RateFolder folder;
   folder.Write("cnb.dat", "");
@@ -489,6 +522,21 @@ TEST_F(frmJednotlivyTest, BankKindWithoutAmountOnlyEmptiesTheRate) {
   EXPECT_TRUE(form_->txtVyseSazby.enabled());
   EXPECT_EQ(form_->txtVyseSazby.background(), ui::Background::kWindow);
   EXPECT_EQ(form_->txtVyseSazby.text(), "");
+}
+
+TEST_F(frmJednotlivyTest, BankKindForgetsTheTypedRate) {
+  Open();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", 1, "10");
+  ASSERT_EQ(state().RateValue, 10.0F);
+  form_->cboDruhSazby.UserPick(kRepo);
+  EXPECT_EQ(state().RateValue, 0.0F);
+}
+
+TEST_F(frmJednotlivyTest, LongestDelayIsCountedAndComputed) {
+  Open();
+  Enter(Day(1900, 1, 1), Day(9999, 12, 31), "1", 1, "100");
+  EXPECT_EQ(form_->lblPocetDnu.caption(), "2958463");
+  EXPECT_EQ(form_->lblPenale.caption(), "8 105,38 Kč");  // 2958463 / 365
 }
 
 TEST_F(frmJednotlivyTest, TypedKindAfterADiscountResultComputesWithTheFoundRate) {
@@ -613,6 +661,28 @@ TEST_F(frmJednotlivyTest, TwoQuickChangesGiveOneCompletion) {
   memory_.event_loop.RunUntilIdle();
   EXPECT_EQ(completions, 1);
   EXPECT_EQ(form_->lblPenale.caption(), "488,22 Kč");
+}
+
+TEST_F(frmJednotlivyTest, RepoResultIsSupersededAlsoWhenItsRowsAreReady) {
+  Open();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
+  form_->txtDluznaCastka.UserEdit("20000");
+  ASSERT_TRUE(memory_.event_loop.RunNext());  // the engine's timer
+  ASSERT_TRUE(form_->tmrRepo.enabled());
+  form_->cboDruhSazby.UserPick(1);
+  form_->txtVyseSazby.UserEdit("10");
+  const std::string typed = form_->lblPenale.caption();
+  EXPECT_FALSE(form_->tmrRepo.enabled());
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_EQ(form_->lblPenale.caption(), typed);
+
+  form_->cboDruhSazby.UserPick(kRepo);
+  ASSERT_TRUE(memory_.event_loop.RunNext());
+  ASSERT_TRUE(form_->tmrRepo.enabled());
+  program_.windows.Unload("frmJednotlivy");
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(Shown(), ElementsAre());
+  EXPECT_FALSE(state().CalculationFinished);
 }
 
 TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {

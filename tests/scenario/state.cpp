@@ -10,12 +10,12 @@ namespace velta::scenario {
 
 namespace {
 
-/// The shortest text that reads back to the same number, without an exponent.
+/// The shortest text that reads back to the same number, without an exponent; -0 is 0.
 template <class Number>
 Value Shortest(Number number) {
   std::array<char, 512> text{};  // the longest double has 309 digits, the smallest over 340
-  const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(),
+                                          number + Number{0}, std::chars_format::fixed);
   return Value::Bare(std::string(text.data(), end));
 }
 

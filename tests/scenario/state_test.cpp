@@ -4,6 +4,8 @@
 
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace velta::scenario {
 namespace {
@@ -44,6 +46,17 @@ struct AmountRow {
   std::int64_t units;
   const char* shown;
 };
+
+TEST(State, NumbersHaveNoExponentAndZeroNoSign) {
+  CalculationState state;
+  for (const auto& [number, text] : std::vector<std::pair<double, std::string>>{
+           {100000, "100000"}, {1e15, "1000000000000000"}, {0.00001, "0.00001"}, {-0.0, "0"}}) {
+    state.InterestAmount = number;
+    EXPECT_EQ(Shown("InterestAmount", state), text);
+  }
+  state.RateValue = 0.0001F;
+  EXPECT_EQ(Shown("RateValue", state), "0.0001");
+}
 
 TEST(State, AmountsHaveFourDecimals) {
   const AmountRow rows[] = {

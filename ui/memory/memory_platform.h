@@ -28,6 +28,8 @@ class MemoryEventLoop final : public EventLoop {
   /// Runs the callbacks that are due now or on the next turn, also those that they ask for, until
   /// only later ones are left.
   void RunUntilIdle();
+  /// Runs the next callback that is due; false where none is.
+  bool RunNext() { return RunNext(now_); }
   /// Lets that much time pass, running what falls due.
   void Advance(std::chrono::milliseconds time);
 

@@ -27,11 +27,10 @@ QString DatePattern(const QLocale& locale) {
 ui::LocaleFormat LocaleFormatOf(const QLocale& locale) {
   ui::LocaleFormat format;
   if (locale.language() == QLocale::C) return format;
-  format.decimal = ToUtf8(locale.decimalPoint());
-  QString group = locale.groupSeparator();
-  // Texts with the no-break blanks cannot be typed, searched or pasted into other programs.
-  group.replace(QChar(0x00A0), u' ').replace(QChar(0x202F), u' ');
-  format.group = ToUtf8(group);
+  // The comma is the decimal separator or the point is: rate files, typed separators and pasted
+  // amounts know no third. So a point never groups either, lest a pasted "1.5" be read as 15.
+  if (locale.decimalPoint() != ",") format.decimal = ".";
+  if (format.decimal == "." && locale.groupSeparator() == ",") format.group = ",";
   format.date_pattern = ToUtf8(DatePattern(locale));
   return format;
 }
