@@ -23,7 +23,7 @@ namespace {
 class DesktopServicesTest : public ::testing::Test {
  protected:
   DesktopServicesTest() { qputenv("PATH", folder_.path().toUtf8()); }
-  ~DesktopServicesTest() override { qputenv("PATH", path_); }
+  void TearDown() override { qputenv("PATH", path_); }
 
   /// A program that leaves a file when it runs.
   void MakeProgram(const char* name) {
