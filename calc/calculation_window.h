@@ -1,10 +1,14 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "shell/common/calculation_state.h"
 
 namespace velta {
+
+/// What refuses to print, and on purpose in the same words to invoice, before there is a result.
+inline constexpr std::string_view kNotFinished = "Výpočet ještě není dokončen, nelze tisknout";
 
 /// What the main window asks of a calculation window.
 class CalculationWindow {

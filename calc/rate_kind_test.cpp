@@ -41,8 +41,8 @@ INSTANTIATE_TEST_SUITE_P(
         InterestCase{"NegativeRate", RateKind::kPercentDaily, 100, -1, 1, -1}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-TEST(RateKindTest, ReciprocalOrderOfOperationsWouldShow) {
-  // 4 927,50 Kč at 1 % for 100 days is exactly 13.5 only when divided in the stated order.
+TEST(RateKindTest, ExactHalvesComeOutExact) {
+  // 4 927,50 Kč at 1 % for 100 days: the tie on which rounding to crowns turns.
   EXPECT_EQ(Interest(RateKind::kPercentYearly, 4927.5, 1, 100), 13.5);
   EXPECT_EQ(Interest(RateKind::kPercentYearly, 4562.5, 1, 100), 12.5);
 }

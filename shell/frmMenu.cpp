@@ -142,7 +142,7 @@ void frmMenu::OnUnload() {
 void frmMenu::mnuTiskVypoctu_Click() {
   CalculationWindow* current = calculations_.Current(program_.state);
   if (!program_.state.CalculationFinished || current == nullptr) {
-    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
   const BusyPointer busy(*this);
@@ -151,8 +151,7 @@ void frmMenu::mnuTiskVypoctu_Click() {
 
 void frmMenu::mnuVystavitFakturu_Click() {
   if (!program_.state.CalculationFinished) {
-    // The same words as for printing, on purpose.
-    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
   program_.windows.Open("frmFaktura");

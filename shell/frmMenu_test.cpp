@@ -18,7 +18,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* kNotFinished = "Výpočet ještě není dokončen, nelze tisknout";
+constexpr const char* kRefusedPrint = "Výpočet ještě není dokončen, nelze tisknout";
 constexpr const char* kNotComplete = "Zadání nelze kopírovat, není úplné";
 
 class frmMenuTest : public ::testing::Test {
@@ -157,10 +157,10 @@ TEST_F(frmMenuTest, MissingHelpIsReported) {
 TEST_F(frmMenuTest, CommandsOnACalculationRefuseRightAfterStart) {
   Start();
   menu_->mnuTiskVypoctu.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre(kNotFinished));
+  EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint));
   Register("frmFaktura");
   menu_->mnuVystavitFakturu.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre(kNotFinished));
+  EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint));
   EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
   memory_.clipboard.text = "starý";
   menu_->mnuKopirovat.UserClick();
@@ -222,7 +222,7 @@ TEST_F(frmMenuTest, ClosedCalculationCannotBePrintedInvoicedOrCopied) {
   menu_->mnuTiskVypoctu.UserClick();
   menu_->mnuVystavitFakturu.UserClick();
   menu_->mnuKopirovat.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre(kNotFinished, kNotFinished, kNotComplete));
+  EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint, kRefusedPrint, kNotComplete));
 }
 
 TEST_F(frmMenuTest, InvoiceOpensForAFinishedCalculation) {

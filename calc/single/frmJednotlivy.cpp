@@ -277,7 +277,7 @@ void frmJednotlivy::cmdNovy_Click() {
 void frmJednotlivy::cmdTiskVyp_Click() {
   // Without a record the first repo result is still on its way.
   if (!program_.state.CalculationFinished || !result_) {
-    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
   const ui::PrintedDocument printout = SinglePrintout(*result_, program_.platform.locale);
@@ -288,7 +288,7 @@ void frmJednotlivy::cmdTiskVyp_Click() {
 
 void frmJednotlivy::cmdTiskFa_Click() {
   if (!program_.state.CalculationFinished) {
-    Message(ui::Icon::kCritical, "Výpočet ještě není dokončen, nelze tisknout");
+    Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
   program_.windows.Open("frmFaktura");
