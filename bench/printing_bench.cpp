@@ -12,8 +12,8 @@
 namespace velta {
 namespace {
 
-CalculationResult OnePage() {
-  CalculationResult result;
+SingleResult OnePage() {
+  SingleResult result;
   result.due_date = Day(2005, 3, 10);
   result.payment_date = Day(2005, 6, 20);
   result.days = 102;
@@ -25,8 +25,8 @@ CalculationResult OnePage() {
   return result;
 }
 
-CalculationResult FortyHalfYears() {
-  CalculationResult result = OnePage();
+SingleResult FortyHalfYears() {
+  SingleResult result = OnePage();
   result.kind = RateKind::kRepo;
   for (int year = 2006; year < 2026; ++year) {
     result.periods.push_back({Day(year, 1, 1), Day(year, 6, 30), 9.05F, 181, 448.7808});
@@ -35,13 +35,13 @@ CalculationResult FortyHalfYears() {
   return result;
 }
 
-void PageModel(benchmark::State& state, const CalculationResult& result) {
+void PageModel(benchmark::State& state, const SingleResult& result) {
   for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(SinglePrintout(result, {}));
 }
 BENCHMARK_CAPTURE(PageModel, one_page, OnePage());
 BENCHMARK_CAPTURE(PageModel, forty_half_years, FortyHalfYears());
 
-void Pdf(benchmark::State& state, const CalculationResult& result) {
+void Pdf(benchmark::State& state, const SingleResult& result) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   static int argc = 1;
   static char name[] = "printing_bench";

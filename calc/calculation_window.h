@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "calc/calculation_result.h"
 #include "shell/common/calculation_state.h"
 
 namespace velta {
@@ -19,6 +21,8 @@ class CalculationWindow {
   virtual void PrintLater() = 0;
   /// The report box as it stands, lines ended by CR LF.
   virtual const std::string& ReportBoxText() const = 0;
+  /// The latest finished calculation, if there is one.
+  virtual std::optional<FinishedCalculation> finished() const = 0;
 };
 
 /// The calculation windows that are loaded; each enters itself when it loads and leaves when it

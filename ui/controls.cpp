@@ -1,5 +1,7 @@
 #include "ui/controls.h"
 
+#include <algorithm>
+
 #include "ui/window.h"
 
 namespace velta::ui {
@@ -27,14 +29,16 @@ Control::Control(Window& window, std::string name) : window_(window), name_(std:
 void Control::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
-  if (!enabled) window_.LeaveFocus(*this);
+  window_.LeaveFocusIfClosed();
   Updated.Raise(Aspect::kEnabled);
 }
 
+bool Control::visible() const { return shown_ && (container_ == nullptr || container_->visible()); }
+
 void Control::SetVisible(bool visible) {
-  if (visible == visible_) return;
-  visible_ = visible;
-  if (!visible) window_.LeaveFocus(*this);
+  if (visible == shown_) return;
+  shown_ = visible;
+  window_.LeaveFocusIfClosed();
   Updated.Raise(Aspect::kVisible);
 }
 
@@ -64,6 +68,10 @@ void CaptionedControl::SetCaption(std::string caption) {
   if (caption == caption_) return;
   caption_ = std::move(caption);
   Updated.Raise(Aspect::kCaption);
+}
+
+void Frame::Hold(std::initializer_list<Control*> controls) {
+  for (Control* control : controls) control->container_ = this;
 }
 
 bool Button::UserClick() {
@@ -104,26 +112,81 @@ bool TextBox::UserEdit(std::string_view text) {
   return true;
 }
 
-void DropDown::AddItem(std::string text) {
+void ListControl::AddItem(std::string text) {
   items_.push_back(std::move(text));
   Updated.Raise(Aspect::kItems);
 }
 
-std::string DropDown::text() const {
-  return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)];
+bool ListControl::UserPick(int index) {
+  if (!open_to_user()) return false;
+  SetIndex(index);
+  return true;
+}
+
+void DropDown::SetText(std::string_view text) {
+  if (text == text_) return;
+  text_ = text;
+  const auto item = std::find(items_.begin(), items_.end(), text_);
+  index_ = item == items_.end() ? -1 : static_cast<int>(item - items_.begin());
+  Updated.Raise(Aspect::kValue);
+  Change.Raise();
 }
 
 void DropDown::SetIndex(int index) {
+  SetText(index < 0 ? std::string() : items_[static_cast<std::size_t>(index)]);
+}
+
+bool DropDown::UserEdit(std::string_view text) {
+  if (!open_to_user() || !editable_) return false;
+  SetText(OneLine(text));
+  return true;
+}
+
+void ListBox::SetIndex(int index) {
   if (index == index_) return;
   index_ = index;
   Updated.Raise(Aspect::kValue);
   Change.Raise();
 }
 
-bool DropDown::UserPick(int index) {
+void ListBox::Clear() {
+  items_.clear();
+  index_ = -1;
+  Updated.Raise(Aspect::kItems);
+}
+
+void OptionButton::Choose() {
+  if (value_) return;
+  for (OptionButton* option : Group()) {
+    const bool chosen = option == this;
+    if (option->value_ == chosen) continue;
+    option->value_ = chosen;
+    option->Updated.Raise(Aspect::kValue);
+  }
+}
+
+bool OptionButton::UserClick() {
   if (!open_to_user()) return false;
-  SetIndex(index);
+  if (value_) return true;
+  Choose();
+  Click.Raise();
   return true;
+}
+
+bool OptionButton::passed_by_tab() const {
+  if (value_) return false;
+  const std::vector<OptionButton*> group = Group();
+  return std::any_of(group.begin(), group.end(), [](const auto* option) { return option->value_; });
+}
+
+std::vector<OptionButton*> OptionButton::Group() const {
+  const std::string array = name().substr(0, name().find('('));
+  std::vector<OptionButton*> group;
+  for (Control* control : window().controls()) {
+    if (control->name().substr(0, control->name().find('(')) != array) continue;
+    if (auto* option = dynamic_cast<OptionButton*>(control)) group.push_back(option);
+  }
+  return group;
 }
 
 void DatePicker::SetDay(Day day) {

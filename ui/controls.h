@@ -3,6 +3,7 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,7 +29,9 @@ class DatePicker;
 class DropDown;
 class Frame;
 class Label;
+class ListBox;
 class MenuItem;
+class OptionButton;
 class TextBox;
 class TimerControl;
 class Window;
@@ -42,7 +45,9 @@ class ControlVisitor {
   virtual void Visit(DropDown& control) = 0;
   virtual void Visit(Frame& control) = 0;
   virtual void Visit(Label& control) = 0;
+  virtual void Visit(ListBox& control) = 0;
   virtual void Visit(MenuItem& control) = 0;
+  virtual void Visit(OptionButton& control) = 0;
   virtual void Visit(TextBox& control) = 0;
   virtual void Visit(TimerControl& control) = 0;
 };
@@ -67,7 +72,10 @@ class Control {
 
   bool enabled() const { return enabled_; }
   virtual void SetEnabled(bool enabled);
-  bool visible() const { return visible_; }
+  /// Whether the user sees it: it is shown, and so is all that it stands in.
+  bool visible() const;
+  /// Whether the control itself is shown, wherever it stands.
+  bool shown() const { return shown_; }
   void SetVisible(bool visible);
   Background background() const { return background_; }
   void SetBackground(Background background);
@@ -75,7 +83,9 @@ class Control {
   void SetToolTip(std::string text);
 
   /// True where the keyboard can come to the control now.
-  bool CanTakeFocus() const { return takes_focus() && enabled_ && visible_; }
+  bool CanTakeFocus() const { return takes_focus() && open_to_user(); }
+  /// True where Tab stops now. In a group of options that is the chosen one only.
+  bool IsTabStop() const { return CanTakeFocus() && !passed_by_tab(); }
   /// Moves the keyboard here; nothing happens where the control can't take it or already has it.
   void SetFocus();
 
@@ -93,13 +103,17 @@ class Control {
   Control(Window& window, std::string name);
 
   virtual bool takes_focus() const { return false; }
-  bool open_to_user() const { return enabled_ && visible_; }
+  virtual bool passed_by_tab() const { return false; }
+  bool open_to_user() const { return enabled_ && visible(); }
 
  private:
+  friend class Frame;
+
   Window& window_;
   std::string name_;
+  const Control* container_ = nullptr;
   bool enabled_ = true;
-  bool visible_ = true;
+  bool shown_ = true;
   Background background_ = Background::kWindow;
   std::string tool_tip_;
 };
@@ -141,6 +155,14 @@ class Label final : public CaptionedControl {
 class Frame final : public CaptionedControl {
  public:
   Frame(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+
+  /// The controls stand in this frame and are hidden with it. Needed only where a frame is hidden.
+  void Hold(std::initializer_list<Control*> controls);
+  template <class C, std::size_t kCount>
+  void Hold(std::array<C, kCount>& controls) {
+    for (C& control : controls) Hold({&control});
+  }
+
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
@@ -222,32 +244,90 @@ class TextBox final : public Control {
   std::vector<int> tab_stops_;
 };
 
-/// A drop-down list: one of several fixed texts is chosen, or none (index -1).
-class DropDown final : public Control {
+/// A control with rows of text, of which one is chosen, or none (index -1).
+class ListControl : public Control {
  public:
-  DropDown(Window& window, std::string name) : Control(window, std::move(name)) {}
-
   const std::vector<std::string>& items() const { return items_; }
+  /// Adds a row at the end; costs as much as that row.
   void AddItem(std::string text);
 
   int index() const { return index_; }
-  /// The chosen item's text; empty while nothing is chosen.
-  std::string text() const;
-  /// Chooses an item; -1 chooses none. Requires -1 <= index < items().size().
-  void SetIndex(int index);
+  /// Chooses a row; -1 chooses none. Requires -1 <= index < items().size().
+  virtual void SetIndex(int index) = 0;
 
   bool UserPick(int index);
 
+  Event<> Change;  ///< another row is chosen, or another text typed
+
+ protected:
+  using Control::Control;
+
+  bool takes_focus() const override { return true; }
+
+  std::vector<std::string> items_;
+  int index_ = -1;
+};
+
+/// A drop-down list of different texts. In an editable one any other text may be typed as well.
+class DropDown final : public ListControl {
+ public:
+  DropDown(Window& window, std::string name) : ListControl(window, std::move(name)) {}
+
+  bool editable() const { return editable_; }
+  void SetEditable() { editable_ = true; }
+
+  /// The chosen or the typed text; empty while nothing is chosen.
+  const std::string& text() const { return text_; }
+  /// The item that equals the text is then the chosen one; where none does, the index is -1.
+  void SetText(std::string_view text);
+  void SetIndex(int index) override;
+
+  /// The user changed the whole text of an editable list at once, as in a TextBox.
+  bool UserEdit(std::string_view text);
+
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-  Event<> Change;
+ private:
+  bool editable_ = false;
+  std::string text_;
+};
+
+/// A box that shows all its rows.
+class ListBox final : public ListControl {
+ public:
+  ListBox(Window& window, std::string name) : ListControl(window, std::move(name)) {}
+
+  void SetIndex(int index) override;
+  /// Takes all rows away; no Change is raised.
+  void Clear();
+
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+};
+
+/// One of several options, of which at most one is chosen: those of one array are a group.
+class OptionButton final : public CaptionedControl {
+ public:
+  OptionButton(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+
+  bool value() const { return value_; }
+  /// Chooses this option in place of the one chosen so far; raises no Click.
+  void Choose();
+
+  /// The user chooses the option; where it is the chosen one already nothing happens.
+  bool UserClick();
+
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Event<> Click;
 
  protected:
   bool takes_focus() const override { return true; }
+  bool passed_by_tab() const override;
 
  private:
-  std::vector<std::string> items_;
-  int index_ = -1;
+  std::vector<OptionButton*> Group() const;
+
+  bool value_ = false;
 };
 
 /// A date, typed or picked from a calendar. It always holds a valid day, from 1.1.1900

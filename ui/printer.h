@@ -41,6 +41,10 @@ class Printer {
   /// Shows the system's print dialog for a document of that name. Returns null where the user
   /// cancelled it. Without any printer the user can still print to a file.
   [[nodiscard]] virtual std::unique_ptr<PrintJob> AskUser(const std::string& document_name) = 0;
+
+  /// One copy on the user's default printer, without a question. Where there is none the dialog is
+  /// shown after all; null where the user cancelled it.
+  [[nodiscard]] virtual std::unique_ptr<PrintJob> Default(const std::string& document_name) = 0;
 };
 
 }  // namespace velta::ui

@@ -28,6 +28,15 @@ Control* Window::Find(const std::string& name) const {
   return found == controls_.end() ? nullptr : *found;
 }
 
+void Window::ReadFirst(std::initializer_list<Control*> controls) {
+  auto next = controls_.begin();
+  for (Control* control : controls) {
+    const auto at = std::find(next, controls_.end(), control);
+    std::rotate(next, at, at + 1);
+    ++next;
+  }
+}
+
 void Window::FocusFirst() { FocusFrom(0); }
 
 void Window::FocusNext() {
@@ -38,7 +47,7 @@ void Window::FocusNext() {
 bool Window::FocusFrom(std::size_t first) {
   for (std::size_t step = 0; step < controls_.size(); ++step) {
     Control& control = *controls_[(first + step) % controls_.size()];
-    if (!control.CanTakeFocus()) continue;
+    if (!control.IsTabStop()) continue;
     MoveFocus(control);
     return true;
   }
@@ -52,10 +61,11 @@ void Window::MoveFocus(Control& control) {
   control.GotFocus.Raise();
 }
 
-void Window::LeaveFocus(const Control& control) {
-  if (&control != focused_) return;
+void Window::LeaveFocusIfClosed() {
+  const Control* const left = focused_;
+  if (left == nullptr || left->CanTakeFocus()) return;
   FocusNext();
-  if (focused_ == &control) focused_ = nullptr;
+  if (focused_ == left) focused_ = nullptr;
 }
 
 }  // namespace velta::ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,9 @@ class Window {
 
   /// The controls in reading order.
   const std::vector<Control*>& controls() const { return controls_; }
+  /// Moves these controls to the front of the reading order: where it is not the order of
+  /// declaration.
+  void ReadFirst(std::initializer_list<Control*> controls);
   /// The control of that name, or null.
   Control* Find(const std::string& name) const;
 
@@ -51,6 +55,7 @@ class Window {
   Event<> MouseMove;       ///< the pointer moved over the bare window or one of its frames
   Event<> CloseRequested;  ///< the user wants the window closed
   Event<> Activated;       ///< the user turned to this window
+  Event<> HelpRequested;   ///< the user pressed F1 in this window
 
   /// For views only.
   Event<> CaptionChanged;
@@ -61,7 +66,7 @@ class Window {
   friend class Control;
   void Add(Control& control) { controls_.push_back(&control); }
   void MoveFocus(Control& control);
-  void LeaveFocus(const Control& control);
+  void LeaveFocusIfClosed();
   bool FocusFrom(std::size_t first);
 
   std::string name_;

@@ -6,6 +6,7 @@
 #include "calc/single/single_report.h"
 #include "shell/common/help.h"
 #include "shell/common/modPromenne.h"
+#include "shell/common/printing.h"
 
 namespace velta {
 
@@ -97,7 +98,9 @@ void frmJednotlivy::OnLoad() {
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
 
   dtpSplatnost.SetDay(AddDays(Today(), -kDefaultDelay));
-  for (const std::string_view text : kRateKindTexts) cboDruhSazby.AddItem(std::string(text));
+  for (std::size_t i = 0; i < kListedRateKinds; ++i) {
+    cboDruhSazby.AddItem(std::string(kRateKindTexts.at(i)));
+  }
   cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
 
   bank_rates_ = std::make_unique<BankRates>(program_, [this] { tmrRepo.SetEnabled(true); });
@@ -176,7 +179,7 @@ void frmJednotlivy::VypocitejJednotlivy() {
     }
 
     CancelRepo();
-    CalculationResult inputs;
+    SingleResult inputs;
     inputs.due_date = due_date;
     inputs.payment_date = payment_date;
     inputs.days = state.DaysLate;
@@ -213,7 +216,7 @@ void frmJednotlivy::SwitchRegime() {
 void frmJednotlivy::tmrRepo_Timer() {
   CalculationState& state = program_.state;
   state.CalculationFinished = true;
-  CalculationResult result = std::exchange(pending_, std::nullopt).value();
+  SingleResult result = std::exchange(pending_, std::nullopt).value();
   result.periods = bank_rates_->repo().periods();
   // The total is rounded after every period and once more at the end. With periods of 132,7397,
   // 441,0959 and 320,5479 Kč rounding up to 10 haléř gives 894,50 Kč and not 894,40 Kč.
@@ -235,7 +238,7 @@ void frmJednotlivy::ShowInterest(double interest, Money base_amount) {
   state.CalculationFinished = true;
 }
 
-void frmJednotlivy::Finish(CalculationResult result) {
+void frmJednotlivy::Finish(SingleResult result) {
   result.interest = program_.state.InterestAmount;
   result.amount_with_interest = program_.state.AmountWithInterest;
   ShowReport(SingleReport(result, program_.platform.locale));
@@ -280,10 +283,8 @@ void frmJednotlivy::cmdTiskVyp_Click() {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
-  const ui::PrintedDocument printout = SinglePrintout(*result_, program_.platform.locale);
-  const std::unique_ptr<ui::PrintJob> job = program_.platform.printer.AskUser(printout.name);
-  if (job == nullptr) return;  // the user knows that he cancelled
-  if (!job->Print(printout)) throw Error(ErrorNumber::kPrinter);
+  // Nothing is said of a cancelled dialog: the user knows that he cancelled.
+  PrintWithDialog(program_, SinglePrintout(*result_, program_.platform.locale));
 }
 
 void frmJednotlivy::cmdTiskFa_Click() {

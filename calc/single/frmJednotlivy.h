@@ -21,12 +21,12 @@ class frmJednotlivy final : public Form, public CalculationWindow {
 
   void PrintLater() override { tmrTiskVypoctu.SetEnabled(true); }
   const std::string& ReportBoxText() const override { return txtReport.text(); }
+  std::optional<FinishedCalculation> finished() const override {
+    return result_ ? std::optional<FinishedCalculation>(&*result_) : std::nullopt;
+  }
 
   /// Computes from the inputs as they stand, as far as they allow.
   void VypocitejJednotlivy();
-
-  /// The latest finished calculation, or null.
-  const CalculationResult* result() const { return result_ ? &*result_ : nullptr; }
 
   ui::Frame fraDatJed{*this, "fraDatJed"};
   ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", Today()};
@@ -70,15 +70,15 @@ class frmJednotlivy final : public Form, public CalculationWindow {
   /// Rounds the interest, adds the amount and shows both.
   void ShowInterest(double interest, Money base_amount);
   /// Completes the record of a calculation whose interest is shown, and reports it.
-  void Finish(CalculationResult result);
+  void Finish(SingleResult result);
   void ShowReport(std::string text);
   void CancelRepo();
 
   const Settings& settings_;
   CalculationWindows& calculations_;
   std::unique_ptr<BankRates> bank_rates_;
-  std::optional<CalculationResult> result_;
-  std::optional<CalculationResult> pending_;  // inputs of the repo computation under way
+  std::optional<SingleResult> result_;
+  std::optional<SingleResult> pending_;  // inputs of the repo computation under way
   bool limiting_amount_ = false;
 };
 

@@ -942,10 +942,10 @@ TEST_F(frmJednotlivyTest, CloseButtonUnloadsAndClearsTheSharedValues) {
 TEST_F(frmJednotlivyTest, ReportComesFromTheFinishedRecord) {
   Open();
   Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
-  ASSERT_NE(form_->result(), nullptr);
-  EXPECT_EQ(form_->result()->periods.size(), 1U);
-  EXPECT_EQ(SingleReport(*form_->result(), memory_.locale), form_->txtReport.text());
-  EXPECT_EQ(form_->result()->amount_with_interest, state().AmountWithInterest);
+  const auto* const result = std::get<const SingleResult*>(form_->finished().value());
+  EXPECT_EQ(result->periods.size(), 1U);
+  EXPECT_EQ(SingleReport(*result, memory_.locale), form_->txtReport.text());
+  EXPECT_EQ(result->amount_with_interest, state().AmountWithInterest);
 }
 
 }  // namespace

@@ -6,14 +6,13 @@ namespace velta {
 
 namespace {
 
-std::string RateText(const CalculationResult& result, AccountForm form,
-                     const ui::LocaleFormat& locale) {
+std::string RateText(const SingleResult& result, AccountForm form, const ui::LocaleFormat& locale) {
   std::string text = PlainText(result.rate, locale) + " ";
   if (result.kind == RateKind::kDiscount) return text + (form == AccountForm::kReport ? "%" : " %");
   return text.append(Text(result.kind));
 }
 
-std::vector<AccountLine> SingleRateLines(const CalculationResult& result, AccountForm form,
+std::vector<AccountLine> SingleRateLines(const SingleResult& result, AccountForm form,
                                          const ui::LocaleFormat& locale) {
   return {{"Úrok z prodlení ode dne:", ShortDateText(result.due_date, locale)},
           {"Úrok z prodlení ke dni:", ShortDateText(result.payment_date, locale)},
@@ -38,7 +37,7 @@ std::vector<AccountLine> PeriodLines(const InterestPeriod& period, Money base_am
 
 }  // namespace
 
-SingleAccount MakeSingleAccount(const CalculationResult& result, AccountForm form,
+SingleAccount MakeSingleAccount(const SingleResult& result, AccountForm form,
                                 const ui::LocaleFormat& locale) {
   SingleAccount account;
   if (result.kind == RateKind::kRepo) {

@@ -27,7 +27,7 @@ struct SingleAccount {
   std::vector<AccountLine> sums;
 };
 
-SingleAccount MakeSingleAccount(const CalculationResult& result, AccountForm form,
+SingleAccount MakeSingleAccount(const SingleResult& result, AccountForm form,
                                 const ui::LocaleFormat& locale);
 
 }  // namespace velta

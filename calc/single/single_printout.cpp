@@ -35,8 +35,7 @@ void Add(Page& page, const std::vector<AccountLine>& lines) {
 
 }  // namespace
 
-ui::PrintedDocument SinglePrintout(const CalculationResult& result,
-                                   const ui::LocaleFormat& locale) {
+ui::PrintedDocument SinglePrintout(const SingleResult& result, const ui::LocaleFormat& locale) {
   const SingleAccount account = MakeSingleAccount(result, AccountForm::kPrintout, locale);
   Page page("Výpočet úroku z prodlení");
   page.EmptyLines(kTopLines);

@@ -8,6 +8,6 @@ namespace velta {
 
 /// The printed account of a single calculation: labels at column 5, values at column 65, an empty
 /// line after each line.
-ui::PrintedDocument SinglePrintout(const CalculationResult& result, const ui::LocaleFormat& locale);
+ui::PrintedDocument SinglePrintout(const SingleResult& result, const ui::LocaleFormat& locale);
 
 }  // namespace velta

@@ -12,7 +12,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines Printed(const CalculationResult& result) {
+Lines Printed(const SingleResult& result) {
   const ui::PrintedDocument document = SinglePrintout(result, {});
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
@@ -46,7 +46,7 @@ Lines SingleRatePage(const std::string& rate) {
           ""};
 }
 
-CalculationResult SingleRate(RateKind kind, Rate rate) {
+SingleResult SingleRate(RateKind kind, Rate rate) {
   return {Day(2005, 3, 10),
           Day(2005, 6, 20),
           102,
@@ -67,7 +67,7 @@ TEST(SinglePrintoutTest, DiscountRateHasTwoBlanksBeforeItsSign) {
 }
 
 TEST(SinglePrintoutTest, RepoRegimeListsItsPeriodsWithoutTheAmount) {
-  CalculationResult result;
+  SingleResult result;
   result.due_date = Day(2005, 6, 20);
   result.payment_date = Day(2005, 7, 10);
   result.days = 20;
@@ -116,7 +116,7 @@ TEST(SinglePrintoutTest, RepoRegimeListsItsPeriodsWithoutTheAmount) {
 }
 
 TEST(SinglePrintoutTest, LargestAmountFitsIntoTheLine) {
-  CalculationResult result = SingleRate(RateKind::kPercentYearly, 0);
+  SingleResult result = SingleRate(RateKind::kPercentYearly, 0);
   result.base_amount = Money::FromUnits(9'223'372'036'854'775'807);
   const Lines lines = Printed(result);
   EXPECT_EQ(lines.size(), SingleRatePage("").size());

@@ -19,7 +19,7 @@ void Add(std::string& text, const std::vector<AccountLine>& lines) {
 
 }  // namespace
 
-std::string SingleReport(const CalculationResult& result, const ui::LocaleFormat& locale) {
+std::string SingleReport(const SingleResult& result, const ui::LocaleFormat& locale) {
   const SingleAccount account = MakeSingleAccount(result, AccountForm::kReport, locale);
   std::string text;
   text.append(kAccountHeading).append(kLineEnd).append(kReportRule).append(kLineEnd);

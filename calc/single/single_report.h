@@ -10,6 +10,6 @@ namespace velta {
 /// The plain-text account of a single calculation, as the window shows it and the clipboard gets
 /// it: lines ended by CR LF, of the form TAB label TAB value. A repo-regime calculation lists every
 /// period.
-std::string SingleReport(const CalculationResult& result, const ui::LocaleFormat& locale);
+std::string SingleReport(const SingleResult& result, const ui::LocaleFormat& locale);
 
 }  // namespace velta

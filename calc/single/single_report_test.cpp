@@ -11,7 +11,7 @@ namespace {
 constexpr const char* kRule = "****************************************************\r\n";
 static_assert(std::string_view(kRule).size() == 52 + 2);
 
-CalculationResult SingleRate(RateKind kind, Rate rate) {
+SingleResult SingleRate(RateKind kind, Rate rate) {
   return {Day(2005, 3, 10),
           Day(2005, 6, 20),
           102,
@@ -50,7 +50,7 @@ TEST(SingleReportTest, DiscountRateStandsInPerCent) {
 }
 
 TEST(SingleReportTest, RepoReportListsEveryPeriod) {
-  CalculationResult result;
+  SingleResult result;
   result.due_date = Day(2005, 6, 20);
   result.payment_date = Day(2005, 7, 10);
   result.days = 20;

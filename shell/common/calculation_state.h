@@ -15,7 +15,7 @@ enum class CalculationKind { kSingle, kProgressive };
 /// The values that the calculation windows, the engines, printing and the invoice share. They live
 /// as long as the program; the windows assign them step by step, so between two steps they may
 /// belong to different calculations. Whoever needs one whole calculation takes its
-/// CalculationResult.
+/// result record.
 struct CalculationState {
   std::optional<Date> DueDate;       ///< of the current calculation
   std::optional<Date> PaymentDate;   ///< of the current calculation or payment

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "shell/common/help.h"
 #include "shell/common/program.h"
 #include "ui/controls.h"
 #include "ui/window.h"
@@ -16,15 +18,20 @@ namespace velta {
 /// closes is in OnLoad and OnUnload.
 class Form : public ui::Window {
  public:
-  /// Runs OnLoad, respectively OnUnload, under the trap. Called by Windows only.
+  /// Runs OnLoad, respectively OnUnload, under the trap. These are called by Windows only.
   void Load();
   void Unload();
+  void OpenedAgain() { OnOpenedAgain(); }
 
  protected:
   Form(Program& program, std::string name, ui::WindowKind kind = ui::WindowKind::kChild);
 
   virtual void OnLoad() = 0;
   virtual void OnUnload() {}
+  /// Somebody opens the window while it is open already. What fails is the caller's error.
+  virtual void OnOpenedAgain() {}
+  /// The page of the help that F1 opens; none: its contents.
+  virtual std::optional<HelpTopic> help_topic() const { return std::nullopt; }
 
   /// Run `handler` under the trap whenever the control's event is raised; the procedure in the
   /// report is the control's name and the event's: "cmdNovy_Click". The elements of an array share

@@ -1,11 +1,14 @@
 #include "shell/common/page.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
 namespace velta {
 
 namespace {
+
+constexpr int kTabWidth = 8;
 
 /// How many bytes the character takes that `text` begins with.
 std::size_t CharacterLength(std::string_view text) {
@@ -34,14 +37,31 @@ void Page::Write(std::string_view text) {
   while (!text.empty()) {
     if (column_ > kColumns) EndLine();
     const std::size_t length = CharacterLength(text);
-    line_ += text.substr(0, length);
+    const std::string_view character = text.substr(0, length);
     text.remove_prefix(length);
-    ++column_;
+    if (character == "\t") {
+      const int stop = column_ + kTabWidth - (column_ - 1) % kTabWidth;
+      MoveTo(std::min(stop, kColumns + 1));
+    } else {
+      line_ += character;
+      ++column_;
+    }
+  }
+}
+
+void Page::WriteLines(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    Write(line);
+    EndLine();
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   }
 }
 
 void Page::EndLine() {
-  document_.lines.push_back({std::exchange(line_, {})});
+  document_.lines.push_back({std::exchange(line_, {}), bold_});
   column_ = 1;
 }
 

@@ -18,7 +18,12 @@ class Page {
 
   /// Goes to a column; where the text already stands beyond it, to that column of the next line.
   void MoveTo(int column);
+  /// Tabs go to the next of the columns 9, 17, …
   void Write(std::string_view text);
+  /// Writes whole lines, ended by CR LF or LF; the last one may lack its end.
+  void WriteLines(std::string_view text);
+  /// Lines that end from now on are bold, or not.
+  void SetBold(bool bold) { bold_ = bold; }
   void EndLine();
   void EmptyLines(int count);
 
@@ -29,6 +34,7 @@ class Page {
   ui::PrintedDocument document_;
   std::string line_;
   int column_ = 1;  // where the next character goes
+  bool bold_ = false;
 };
 
 }  // namespace velta

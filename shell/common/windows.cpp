@@ -23,6 +23,7 @@ void Windows::Open(const std::string& name) {
   if (Form* loaded = Find(name)) {
     (*Position(name))->view->Show();
     Activate(*loaded);
+    loaded->OpenedAgain();
     return;
   }
   Entry& entry = Load(name);

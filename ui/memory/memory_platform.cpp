@@ -111,6 +111,11 @@ std::unique_ptr<PrintJob> MemoryPrinter::AskUser(const std::string& document_nam
   return std::make_unique<MemoryPrintJob>(*this, *answer);
 }
 
+std::unique_ptr<PrintJob> MemoryPrinter::Default(const std::string& document_name) {
+  if (!has_default) return AskUser(document_name);
+  return std::make_unique<MemoryPrintJob>(*this, 1);
+}
+
 bool MemoryHelpViewer::OpenContents(std::string_view file) {
   if (fails) return false;
   opened.push_back({std::string(file), std::nullopt});

@@ -110,10 +110,12 @@ class MemoryPrinter final : public Printer {
     int copies = 0;
   };
   std::unique_ptr<PrintJob> AskUser(const std::string& document_name) override;
+  std::unique_ptr<PrintJob> Default(const std::string& document_name) override;
 
   std::optional<int> answer = 1;   ///< the copies that the user chooses; nullopt: he cancels
   std::vector<std::string> asked;  ///< the documents for which the dialog was shown
   std::vector<Printed> printed;
+  bool has_default = true;
   bool fails = false;
 };
 

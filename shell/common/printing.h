@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+
+#include "shell/common/program.h"
+#include "ui/printer.h"
+
+namespace velta {
+
+/// Print a document on a printer that the user chooses in the system's dialog, respectively on his
+/// default printer (with the dialog where there is none). Return false where he cancelled. A
+/// printer that fails: Error 482.
+bool PrintWithDialog(Program& program, const ui::PrintedDocument& document);
+bool PrintOnDefaultPrinter(Program& program, const ui::PrintedDocument& document);
+
+}  // namespace velta
