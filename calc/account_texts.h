@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 /// What the written accounts of all calculations have in common.
@@ -13,6 +14,17 @@ inline constexpr std::string_view kReportRule =
 inline constexpr std::string_view kPrintoutRule =
     "*************************************************************************";
 static_assert(kReportRule.size() == 52 && kPrintoutRule.size() == 73);
+
+/// What ends a line of a report: it goes to the clipboard, where every program reads it.
+inline constexpr std::string_view kReportLineEnd = "\r\n";
+
+/// The two lines that a report begins with.
+inline std::string ReportHeading() {
+  return std::string(kAccountHeading)
+      .append(kReportLineEnd)
+      .append(kReportRule)
+      .append(kReportLineEnd);
+}
 
 /// Where labels and values stand on paper.
 inline constexpr int kLabelColumn = 5;

@@ -24,11 +24,12 @@ std::optional<Rate> BankRates::DiscountRate(Date due_date) {
   return program_.state.EngineRate;
 }
 
-bool BankRates::StartRepo(Date due_date, Date payment_date) {
+bool BankRates::StartRepo(Date due_date, Date payment_date, Money payment) {
   repo_.dtpSplatnost = due_date;
   repo_.dtpZaplaceni = payment_date;
+  repo_.txtPostupnaUhrada = PlainText(payment, program_.platform.locale);
   repo_.PrvniSazba();
-  return repo_.Timer1.armed();
+  return RepoPending();
 }
 
 }  // namespace velta

@@ -25,10 +25,12 @@ class BankRates {
   std::optional<Rate> DiscountRate(Date due_date);
 
   /// Starts the repo regime's computation, in place of one that is pending; `repo_ready` follows on
-  /// a later turn of the event loop. Returns false where no rate was found and the user has been
-  /// told.
-  bool StartRepo(Date due_date, Date payment_date);
+  /// a later turn of the event loop. The interest is on `payment`, in a single calculation on the
+  /// shared BaseAmount instead. Returns false where no rate was found and the user has been told.
+  bool StartRepo(Date due_date, Date payment_date, Money payment = {});
 
+  /// Whether a computation has been started and `repo_ready` not yet been called.
+  bool RepoPending() const { return repo_.Timer1.armed(); }
   /// Forgets a pending computation.
   void CancelRepo() { repo_.Timer1.Disarm(); }
 

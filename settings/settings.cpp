@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view kSection = "Settings";
 constexpr std::string_view kDoneKey = "Hotovo";
-constexpr std::string_view kNoRounding = "NE";
 constexpr std::string_view kItemText = "Fakturujeme Vám úroky z prodlení dle výpočtu";
 
 struct Key {

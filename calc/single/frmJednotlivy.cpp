@@ -4,7 +4,6 @@
 
 #include "calc/single/single_printout.h"
 #include "calc/single/single_report.h"
-#include "shell/common/help.h"
 #include "shell/common/modPromenne.h"
 #include "shell/common/printing.h"
 
@@ -23,8 +22,9 @@ constexpr std::string_view kMaxAmountHellers = "58";
 
 frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
                              CalculationWindows& calculations)
-    : Form(program, "frmJednotlivy"), settings_(settings), calculations_(calculations) {
-  cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
+    : CalculationForm(program, "frmJednotlivy", CalculationKind::kSingle, settings, calculations) {
+  ReadFirst(
+      {&dtpSplatnost, &dtpZaplaceni, &txtDluznaCastka, &cboDruhSazby, &txtVyseSazby, &txtReport});
   txtReport.SetReadOnly();
   txtReport.SetTabStops({5, 108});
   WireEvents();
@@ -41,28 +41,14 @@ void frmJednotlivy::WireEvents() {
     if (!EnterMovesOn(key)) TypeDecimal(key);
   });
   OnKeyPress(txtVyseSazby, [this](ui::KeyPress& key) { TypeDecimal(key); });
-  OnClick(cmdNovy, [this] { cmdNovy_Click(); });
-  OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
-  OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
-  OnClick(cmdHelp, [this] { OpenHelp(program_, HelpTopic::kSingle); });
-  OnClick(cmdKonec, [this] { Close(); });
-  OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
-  OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });
 }
 
 void frmJednotlivy::WireHints() {
   for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
-    FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
     PointerHint(*picker, "Vyberte datum klepnutím na šipku");
   }
   FocusHint(txtDluznaCastka, "Zadejte dlužnou částku");
   FocusHint(txtVyseSazby, "Zadejte výši úrokové sazby");
-  FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
-  Hint(cmdNovy, "Nový výpočet");
-  Hint(cmdTiskVyp, "Tisk výpočtu");
-  Hint(cmdTiskFa, "Tisk faktury");
-  Hint(cmdKonec, "Zavřít okno");
-  Hint(cmdHelp, "Vyvolá nápovědu s tématem");
   PointerHint(lblPocetDnu, "Trvání dluhu ve dnech");
   PointerHint(lblPenale, "Vypočtený úrok z prodlení");
   PointerHint(lblPenaleDluh, "Úrok z prodlení s dlužnou částkou");
@@ -70,23 +56,11 @@ void frmJednotlivy::WireHints() {
 }
 
 void frmJednotlivy::OnLoad() {
-  CalculationState& state = program_.state;
-  if (state.ProgressiveFormOpen) program_.windows.Unload("frmPostupny");
-  calculations_.single = this;
-  state.SingleFormOpen = true;
-  state.SingleIsCurrent = true;
-  state.CalculationFinished = false;
-  state.LastCalculationKind = CalculationKind::kSingle;
-
+  BecomeCurrent();
   SetCaption("Jednotlivý výpočet");
   fraDatJed.SetCaption("Zadání data");
   fraDluJed.SetCaption("Zadání dlužné částky a sazby");
   fraVysJed.SetCaption("Výsledek");
-  cmdNovy.SetCaption("Nový &výpočet");
-  cmdTiskVyp.SetCaption("&Tisk výpočtu");
-  cmdTiskFa.SetCaption("Tisk &faktury");
-  cmdKonec.SetCaption("&Konec");
-  cmdHelp.SetCaption("&Nápověda");
   constexpr std::array<const char*, 8> kLabels = {"Zadejte datum splatnosti faktury",
                                                   "Zadejte datum zaplacení faktury",
                                                   "Trvání dluhu ve dnech",
@@ -96,35 +70,17 @@ void frmJednotlivy::OnLoad() {
                                                   "Penále + dlužná částka",
                                                   "Výše sazby"};
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
-
   dtpSplatnost.SetDay(AddDays(Today(), -kDefaultDelay));
-  for (std::size_t i = 0; i < kListedRateKinds; ++i) {
-    cboDruhSazby.AddItem(std::string(kRateKindTexts.at(i)));
-  }
-  cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
-
-  bank_rates_ = std::make_unique<BankRates>(program_, [this] { tmrRepo.SetEnabled(true); });
-  bank_rates_->Load();
+  OfferRateKinds();
+  LoadBankRates();
   ShowReport("");
-}
-
-void frmJednotlivy::OnUnload() {
-  CancelRepo();
-  tmrTiskVypoctu.SetEnabled(false);
-  ClearResults();
-  program_.state.SingleIsCurrent = false;
-  program_.state.CalculationFinished = false;
-  calculations_.single = nullptr;
-  bank_rates_.reset();
 }
 
 void frmJednotlivy::cboDruhSazby_Change() {
   program_.status.ShowHint("Vybraná sazba : " + cboDruhSazby.text());
-  const bool bank_kind = IsBankKind(Kind());
-  if (bank_kind) txtVyseSazby.SetText("");
-  txtVyseSazby.SetEnabled(!bank_kind);
-  txtVyseSazby.SetBackground(bank_kind ? ui::Background::kFace : ui::Background::kWindow);
-  if (bank_kind) program_.state.RateValue = 0;
+  if (IsBankKind(Kind())) txtVyseSazby.SetText("");
+  OpenRateBox(txtVyseSazby);
+  if (IsBankKind(Kind())) program_.state.RateValue = 0;
   VypocitejJednotlivy();
 }
 
@@ -205,18 +161,10 @@ void frmJednotlivy::VypocitejJednotlivy() {
   });
 }
 
-void frmJednotlivy::SwitchRegime() {
-  const RateKind lawful = RegimeFor(Kind(), dtpSplatnost.day());
-  if (lawful == Kind()) return;
-  Message(ui::Icon::kInformation,
-          lawful == RateKind::kRepo ? "Měním na REPO sazbu" : "Měním na DISKONTNÍ sazbu");
-  cboDruhSazby.SetIndex(static_cast<int>(lawful));
-}
-
 void frmJednotlivy::tmrRepo_Timer() {
   CalculationState& state = program_.state;
   state.CalculationFinished = true;
-  SingleResult result = std::exchange(pending_, std::nullopt).value();
+  SingleResult result = std::move(pending_);
   result.periods = bank_rates_->repo().periods();
   // The total is rounded after every period and once more at the end. With periods of 132,7397,
   // 441,0959 and 320,5479 Kč rounding up to 10 haléř gives 894,50 Kč and not 894,40 Kč.
@@ -250,21 +198,6 @@ void frmJednotlivy::ShowReport(std::string text) {
   program_.state.ReportText = std::move(text);
 }
 
-void frmJednotlivy::CancelRepo() {
-  if (bank_rates_) bank_rates_->CancelRepo();
-  tmrRepo.SetEnabled(false);
-  pending_.reset();
-}
-
-void frmJednotlivy::ClearResults() {
-  CalculationState& state = program_.state;
-  state.RateValue = 0;
-  state.DaysLate = 0;
-  state.BaseAmount = Money();
-  state.InterestAmount = 0;
-  state.AmountWithInterest = Money();
-}
-
 void frmJednotlivy::cmdNovy_Click() {
   CancelRepo();
   ClearResults();
@@ -277,22 +210,9 @@ void frmJednotlivy::cmdNovy_Click() {
   dtpZaplaceni.SetDay(Today());
 }
 
-void frmJednotlivy::cmdTiskVyp_Click() {
-  // Without a record the first repo result is still on its way.
-  if (!program_.state.CalculationFinished || !result_) {
-    Message(ui::Icon::kCritical, kNotFinished);
-    return;
-  }
+void frmJednotlivy::Print() {
   // Nothing is said of a cancelled dialog: the user knows that he cancelled.
   PrintWithDialog(program_, SinglePrintout(*result_, program_.platform.locale));
-}
-
-void frmJednotlivy::cmdTiskFa_Click() {
-  if (!program_.state.CalculationFinished) {
-    Message(ui::Icon::kCritical, kNotFinished);
-    return;
-  }
-  program_.windows.Open("frmFaktura");
 }
 
 }  // namespace velta

@@ -9,11 +9,9 @@ namespace velta {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 void Add(std::string& text, const std::vector<AccountLine>& lines) {
   for (const AccountLine& line : lines) {
-    text.append("\t").append(line.label).append("\t").append(line.value).append(kLineEnd);
+    text.append("\t").append(line.label).append("\t").append(line.value).append(kReportLineEnd);
   }
 }
 
@@ -21,15 +19,14 @@ void Add(std::string& text, const std::vector<AccountLine>& lines) {
 
 std::string SingleReport(const SingleResult& result, const ui::LocaleFormat& locale) {
   const SingleAccount account = MakeSingleAccount(result, AccountForm::kReport, locale);
-  std::string text;
-  text.append(kAccountHeading).append(kLineEnd).append(kReportRule).append(kLineEnd);
+  std::string text = ReportHeading();
   for (const auto& period : account.periods) {
     Add(text, period);
-    text.append(kLineEnd);
+    text.append(kReportLineEnd);
   }
-  if (!account.periods.empty()) text.append(kLineEnd);
+  if (!account.periods.empty()) text.append(kReportLineEnd);
   Add(text, account.sums);
-  return text.append(kReportRule).append(kLineEnd);
+  return text.append(kReportRule).append(kReportLineEnd);
 }
 
 }  // namespace velta

@@ -1,0 +1,123 @@
+#include "calc/calculation_form.h"
+
+#include <utility>
+
+#include "shell/common/help.h"
+
+namespace velta {
+
+CalculationForm::CalculationForm(Program& program, std::string name, CalculationKind kind,
+                                 const Settings& settings, CalculationWindows& calculations)
+    : Form(program, std::move(name)),
+      settings_(settings),
+      kind_(kind),
+      entry_(kind == CalculationKind::kSingle ? calculations.single : calculations.progressive) {
+  cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
+
+  OnClick(cmdNovy, [this] { cmdNovy_Click(); });
+  OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
+  OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_, help_topic()); });
+  OnClick(cmdKonec, [this] { Close(); });
+  OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
+  OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });
+
+  for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
+    FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
+  }
+  FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
+  Hint(cmdNovy, "Nový výpočet");
+  Hint(cmdTiskVyp, "Tisk výpočtu");
+  Hint(cmdTiskFa, "Tisk faktury");
+  Hint(cmdKonec, "Zavřít okno");
+  Hint(cmdHelp, "Vyvolá nápovědu s tématem");
+}
+
+void CalculationForm::BecomeCurrent() {
+  CalculationState& state = program_.state;
+  const bool single = kind_ == CalculationKind::kSingle;
+  if (single ? state.ProgressiveFormOpen : state.SingleFormOpen) {
+    program_.windows.Unload(single ? "frmPostupny" : "frmJednotlivy");
+  }
+  entry_ = this;
+  state.SingleFormOpen = single;
+  state.ProgressiveFormOpen = !single;
+  state.SingleIsCurrent = single;
+  state.CalculationFinished = false;
+  state.LastCalculationKind = kind_;
+
+  cmdNovy.SetCaption("Nový &výpočet");
+  cmdTiskVyp.SetCaption("&Tisk výpočtu");
+  cmdTiskFa.SetCaption("Tisk &faktury");
+  cmdHelp.SetCaption("&Nápověda");
+  cmdKonec.SetCaption("&Konec");
+}
+
+void CalculationForm::OfferRateKinds() {
+  for (std::size_t i = 0; i < kListedRateKinds; ++i) {
+    cboDruhSazby.AddItem(std::string(kRateKindTexts.at(i)));
+  }
+  cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
+}
+
+void CalculationForm::LoadBankRates() {
+  bank_rates_ = std::make_unique<BankRates>(program_, [this] { tmrRepo.SetEnabled(true); });
+  bank_rates_->Load();
+}
+
+void CalculationForm::OnUnload() {
+  CancelRepo();
+  tmrTiskVypoctu.SetEnabled(false);
+  ClearResults();
+  program_.state.SingleIsCurrent = false;
+  program_.state.CalculationFinished = false;
+  entry_ = nullptr;
+  bank_rates_.reset();
+}
+
+void CalculationForm::SwitchRegime() {
+  const RateKind lawful = RegimeFor(Kind(), dtpSplatnost.day());
+  if (lawful == Kind()) return;
+  Message(ui::Icon::kInformation,
+          lawful == RateKind::kRepo ? "Měním na REPO sazbu" : "Měním na DISKONTNÍ sazbu");
+  cboDruhSazby.SetIndex(static_cast<int>(lawful));
+}
+
+void CalculationForm::OpenRateBox(ui::TextBox& box) const {
+  const bool typed = !IsBankKind(Kind());
+  box.SetEnabled(typed);
+  box.SetBackground(typed ? ui::Background::kWindow : ui::Background::kFace);
+}
+
+void CalculationForm::CancelRepo() {
+  if (bank_rates_) bank_rates_->CancelRepo();
+  tmrRepo.SetEnabled(false);
+}
+
+void CalculationForm::ClearResults() {
+  CalculationState& state = program_.state;
+  state.RateValue = 0;
+  state.DaysLate = 0;
+  state.BaseAmount = Money();
+  state.InterestAmount = 0;
+  state.AmountWithInterest = Money();
+}
+
+void CalculationForm::cmdTiskVyp_Click() {
+  // Without a record the first repo result is still on its way.
+  if (!program_.state.CalculationFinished || !finished()) {
+    Message(ui::Icon::kCritical, kNotFinished);
+    return;
+  }
+  Print();
+}
+
+void CalculationForm::cmdTiskFa_Click() {
+  if (!program_.state.CalculationFinished) {
+    Message(ui::Icon::kCritical, kNotFinished);
+    return;
+  }
+  program_.windows.Open("frmFaktura");
+}
+
+}  // namespace velta

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "calc/bank_rates.h"
+#include "calc/calculation_window.h"
+#include "settings/settings.h"
+#include "shell/common/form.h"
+
+namespace velta {
+
+/// What the two calculation windows have in common: dates and kind of rate, the commands, the
+/// bank's engines, and that only one of the windows is open at a time. What differs, such as when
+/// it computes and how it rounds, is in the windows themselves.
+class CalculationForm : public Form, public CalculationWindow {
+ public:
+  void PrintLater() override { tmrTiskVypoctu.SetEnabled(true); }
+
+  ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", Today()};
+  ui::DatePicker dtpZaplaceni{*this, "dtpZaplaceni", Today()};
+  ui::DropDown cboDruhSazby{*this, "cboDruhSazby"};
+  ui::Button cmdNovy{*this, "cmdNovy"};
+  ui::Button cmdTiskVyp{*this, "cmdTiskVyp"};
+  ui::Button cmdTiskFa{*this, "cmdTiskFa"};
+  ui::Button cmdHelp{*this, "cmdHelp"};
+  ui::Button cmdKonec{*this, "cmdKonec"};
+  ui::TimerControl tmrRepo{*this, "tmrRepo"};
+  ui::TimerControl tmrTiskVypoctu{*this, "tmrTiskVypoctu"};
+
+ protected:
+  CalculationForm(Program& program, std::string name, CalculationKind kind,
+                  const Settings& settings, CalculationWindows& calculations);
+
+  // The steps of loading that both windows have.
+
+  /// Closes the other calculation window and makes this one the current one.
+  void BecomeCurrent();
+  /// Fills the list of kinds and chooses "% ročně".
+  void OfferRateKinds();
+  /// Loads the engines. A fault of the repo table is thrown, when all else of them is loaded.
+  void LoadBankRates();
+
+  void OnUnload() override;
+
+  /// The window's new calculation.
+  virtual void cmdNovy_Click() = 0;
+  /// Prints the finished calculation.
+  virtual void Print() = 0;
+  /// The repo engine has computed its periods.
+  virtual void tmrRepo_Timer() = 0;
+
+  RateKind Kind() const { return RateKindOf(cboDruhSazby.text()); }
+  /// Puts the bank kind that the due date asks for in place of the chosen one, and says so.
+  void SwitchRegime();
+  /// The rate of a bank kind is not typed.
+  void OpenRateBox(ui::TextBox& box) const;
+
+  bool RepoPending() const { return bank_rates_->RepoPending() || tmrRepo.enabled(); }
+  void CancelRepo();
+  /// Sets the shared values of a calculation to 0.
+  void ClearResults();
+
+  const Settings& settings_;
+  std::unique_ptr<BankRates> bank_rates_;  // while the window is loaded
+
+ private:
+  void cmdTiskVyp_Click();
+  void cmdTiskFa_Click();
+
+  CalculationKind kind_;
+  CalculationWindow*& entry_;  // of this window among those that are loaded
+};
+
+}  // namespace velta
