@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
@@ -663,6 +664,21 @@ TEST(ReportBoxTest, WithoutTabStopsTheFontIsFixedPitch) {
   box.SetReport("a\tb", {});
   EXPECT_TRUE(QFontInfo(box.font()).fixedPitch());
   EXPECT_NEAR(box.tabStopDistance(), 8 * QFontMetricsF(box.font()).horizontalAdvance(u' '), 0.01);
+}
+
+TEST(ReportBoxTest, WithoutTabStopsTabsGoToEveryEighthCharacter) {
+  ReportBox box;
+  box.SetReport("", {});
+  // Each of these ends at the sixteenth character, also where it came later.
+  box.Append("\t\t|\n1234567\t\t|\n");
+  box.Append("žluťoučký\t|\n1234567890123456|\n");
+  std::vector<int> ends;
+  for (QTextBlock line = box.document()->begin(); !line.text().isEmpty(); line = line.next()) {
+    QTextCursor before_bar(line);
+    before_bar.setPosition(line.position() + line.length() - 2);
+    ends.push_back(box.cursorRect(before_bar).left());
+  }
+  EXPECT_EQ(ends, std::vector<int>(4, ends.front()));
 }
 
 }  // namespace
