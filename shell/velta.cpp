@@ -4,6 +4,7 @@
 
 #include "calc/progressive/frmPostupny.h"
 #include "calc/single/frmJednotlivy.h"
+#include "invoice/frmFaktura.h"
 #include "shell/frmMenu.h"
 #include "shell/frmSplash.h"
 
@@ -20,6 +21,9 @@ Velta::Velta(const ui::Platform& platform, const ProgramInfo& info) : program_(p
   });
   windows.Register("frmPostupny", [this] {
     return std::make_unique<frmPostupny>(program_, settings_, calculations_);
+  });
+  windows.Register("frmFaktura", [this] {
+    return std::make_unique<frmFaktura>(program_, settings_, calculations_);
   });
 }
 

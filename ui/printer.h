@@ -13,6 +13,9 @@ struct PrintedLine {
   bool bold = false;
 };
 
+/// How many lines a page has. Where a printer's margins are wider the page gets smaller.
+inline constexpr int kLinesOfPage = 65;
+
 /// What is to be printed, as plain data: the printer draws it and adds nothing. A line has at most
 /// 90 cells; the lines run on to a next page where one is full.
 struct PrintedDocument {

@@ -33,9 +33,17 @@ void Page::MoveTo(int column) {
   column_ = column;
 }
 
-void Page::Write(std::string_view text) {
+void Page::WriteAt(int column, std::string_view text) {
+  MoveTo(column);
+  WriteFrom(column, text);
+}
+
+void Page::WriteFrom(int first_column, std::string_view text) {
   while (!text.empty()) {
-    if (column_ > kColumns) EndLine();
+    if (column_ > kColumns) {
+      EndLine();
+      MoveTo(first_column);
+    }
     const std::size_t length = CharacterLength(text);
     const std::string_view character = text.substr(0, length);
     text.remove_prefix(length);

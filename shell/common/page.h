@@ -19,7 +19,9 @@ class Page {
   /// Goes to a column; where the text already stands beyond it, to that column of the next line.
   void MoveTo(int column);
   /// Tabs go to the next of the columns 9, 17, …
-  void Write(std::string_view text);
+  void Write(std::string_view text) { WriteFrom(1, text); }
+  /// Writes at a column, and goes on at that column where the text does not fit into the line.
+  void WriteAt(int column, std::string_view text);
   /// Writes whole lines, ended by CR LF or LF; the last one may lack its end.
   void WriteLines(std::string_view text);
   /// Lines that end from now on are bold, or not.
@@ -27,10 +29,15 @@ class Page {
   void EndLine();
   void EmptyLines(int count);
 
+  /// How many lines have been ended.
+  int LineCount() const { return static_cast<int>(document_.lines.size()); }
+
   /// The finished document. A line that has been begun is ended.
   ui::PrintedDocument Take();
 
  private:
+  void WriteFrom(int first_column, std::string_view text);
+
   ui::PrintedDocument document_;
   std::string line_;
   int column_ = 1;  // where the next character goes

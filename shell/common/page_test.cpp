@@ -111,6 +111,36 @@ TEST(PageTest, BoldIsALineThatEndsWhileItIsOn) {
   EXPECT_EQ(bold, (std::vector<bool>{false, true, true, false}));
 }
 
+TEST(PageTest, TextWrittenAtAColumnGoesOnThere) {
+  Page page("");
+  page.WriteAt(88, "čtyři");
+  page.WriteAt(90, "|");
+  page.EndLine();
+  page.WriteAt(3, "");
+  page.Write("x");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(87, ' ') + "čty",
+                                                   std::string(87, ' ') + "ři|", "  x"}));
+}
+
+TEST(PageTest, PassedColumnIsMetInTheNextLineAndTheTextGoesOnThere) {
+  Page page("");
+  page.WriteAt(80, "0123456");
+  page.WriteAt(85, "abcdefgh");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(79, ' ') + "0123456",
+                                                   std::string(84, ' ') + "abcdef",
+                                                   std::string(84, ' ') + "gh"}));
+}
+
+TEST(PageTest, CountsTheLinesThatAreEnded) {
+  Page page("");
+  EXPECT_EQ(page.LineCount(), 0);
+  page.EmptyLines(2);
+  page.Write(std::string(91, 'x'));
+  EXPECT_EQ(page.LineCount(), 3);
+  page.EndLine();
+  EXPECT_EQ(page.LineCount(), 4);
+}
+
 TEST(PageTest, FullLineIsNotFollowedByAnEmptyOne) {
   Page page("");
   page.Write(std::string(90, 'x'));
