@@ -3,6 +3,9 @@
 #include <memory>
 
 #include "calc/single/frmJednotlivy.h"
+#include "settings/frmNastaveni.h"
+#include "shell/frmAbout.h"
+#include "shell/frmHistory.h"
 #include "shell/frmMenu.h"
 #include "shell/frmSplash.h"
 
@@ -17,6 +20,10 @@ Velta::Velta(const ui::Platform& platform, const ProgramInfo& info) : program_(p
   windows.Register("frmJednotlivy", [this] {
     return std::make_unique<frmJednotlivy>(program_, settings_, calculations_);
   });
+  windows.Register("frmNastaveni",
+                   [this] { return std::make_unique<frmNastaveni>(program_, settings_); });
+  windows.Register("frmAbout", [this] { return std::make_unique<frmAbout>(program_); });
+  windows.Register("frmHistory", [this] { return std::make_unique<frmHistory>(program_); });
 }
 
 void Velta::Start() { program_.windows.Open("frmSplash"); }
