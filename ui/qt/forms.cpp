@@ -3,8 +3,11 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include "ui_frmAbout.h"
+#include "ui_frmHistory.h"
 #include "ui_frmJednotlivy.h"
 #include "ui_frmMenu.h"
+#include "ui_frmNastaveni.h"
 #include "ui_frmSplash.h"
 
 namespace velta::qt {
@@ -22,8 +25,11 @@ QWidget* Make() {
 
 QWidget* MakeForm(const QString& name) {
   static const QHash<QString, QWidget* (*)()> kForms = {
+      {"frmAbout", &Make<Ui::frmAbout>},
+      {"frmHistory", &Make<Ui::frmHistory>},
       {"frmJednotlivy", &Make<Ui::frmJednotlivy>},
       {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
+      {"frmNastaveni", &Make<Ui::frmNastaveni>},
       {"frmSplash", &Make<Ui::frmSplash>},
   };
   const auto form = kForms.find(name);
