@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
-#include <fstream>
+#include <sstream>
 #include <system_error>
 
 #include "shell/common/error.h"
@@ -49,19 +48,11 @@ std::string_view Columns(std::string_view line, std::size_t first, std::size_t w
 }
 
 void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-  std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())),
-                     std::ios::binary);
-  if (!file) throw Error(FileExist(path) ? ErrorNumber::kPathAccess : ErrorNumber::kFileNotFound);
-  std::string bytes;
-  for (bool first = true; std::getline(file, bytes); first = false) {
-    std::string_view line = bytes;
-    if (first && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
-    line = Trimmed(line);
-    if (!line.empty()) use(line);
+  std::istringstream lines(ReadFile(path));
+  for (std::string line; std::getline(lines, line);) {
+    const std::string_view row = Trimmed(line);
+    if (!row.empty()) use(row);
   }
-  if (file.bad()) throw Error(ErrorNumber::kDeviceError);
 }
 
 CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& locale) {

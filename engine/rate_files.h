@@ -14,10 +14,9 @@
 namespace velta {
 
 /// Hands every line to `use`, without the blanks around it; lines that are empty then are left out.
-/// Lines end with CR LF or LF; a byte order mark and a closing Ctrl-Z do not count. `path` is
-/// UTF-8. No such file: Error 53. A file that cannot be opened: Error 75, or read: Error 57.
-/// Whatever was handed out before an error, also before one that `use` throws, was handed out for
-/// good.
+/// Lines end with CR LF or LF; a byte order mark and a closing Ctrl-Z do not count. Errors are
+/// those of ReadFile (shell/common/modPromenne.h). What was handed out before `use` throws was
+/// handed out for good.
 void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use);
 
 /// What stands in `width` columns of a line from column `first` on (they count from 1), with its

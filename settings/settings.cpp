@@ -1,6 +1,5 @@
 #include "settings/settings.h"
 
-#include <array>
 #include <cmath>
 #include <optional>
 
@@ -15,15 +14,9 @@ constexpr std::string_view kSection = "Settings";
 constexpr std::string_view kDoneKey = "Hotovo";
 constexpr std::string_view kItemText = "Fakturujeme Vám úroky z prodlení dle výpočtu";
 
-struct Key {
-  std::string_view name;
-  std::string_view first_run_value;  // tells the user what belongs there, and prints until replaced
-  std::string_view default_value;    // when the key is missing
-  std::string ProgramSettings::*field;
-};
+}  // namespace
 
-// In the order in which the first run writes them.
-constexpr std::array<Key, 13> kKeys{{
+const std::array<TextSetting, 12> kTextSettings{{
     {"Nazev", "Název vaší firmy", "", &ProgramSettings::Nazev},
     {"Ulice", "Sídlo vaší firmy", "", &ProgramSettings::Ulice},
     {"PSC", "PSC", "", &ProgramSettings::PSC},
@@ -36,10 +29,7 @@ constexpr std::array<Key, 13> kKeys{{
     {"Dovetek0", "Zde můžete zadat libovolný text", "", &ProgramSettings::Dovetek0},
     {"Dovetek1", "například slogan Vaší firmy apod.", "", &ProgramSettings::Dovetek1},
     {"Dovetek2", "Tento text bude vytištěn na faktuře", "", &ProgramSettings::Dovetek2},
-    {"Zaokrouhlit", "halere", "", &ProgramSettings::Zaokrouhlit},
 }};
-
-}  // namespace
 
 std::string Settings::GetSetting(std::string_view key, std::string_view default_value) const {
   std::optional<std::string> value;
@@ -60,19 +50,27 @@ void Settings::SaveSetting(std::string_view key, std::string_view value) {
 bool Settings::IsInitialised() const { return !GetSetting(kDoneKey).empty(); }
 
 void Settings::InitialiseFirstRun() {
-  for (const Key& key : kKeys) SaveSetting(key.name, key.first_run_value);
+  for (const TextSetting& text : kTextSettings) SaveSetting(text.key, text.first_run_value);
+  SaveSetting(kRoundingKey, kUpToTenHaler);
   SaveSetting(kDoneKey, "Ano");
 }
 
 void Settings::LoadProgramSettings() {
-  for (const Key& key : kKeys) record_.*key.field = GetSetting(key.name, key.default_value);
+  for (const TextSetting& text : kTextSettings) {
+    record_.*text.field = GetSetting(text.key, text.default_value);
+  }
+  ReloadRounding();
+}
+
+void Settings::ReloadRounding() {
+  record_.Zaokrouhlit = GetSetting(kRoundingKey);
   // Not a default of the reading: a key that is there but empty means no rounding as well.
   if (record_.Zaokrouhlit.empty()) record_.Zaokrouhlit = kNoRounding;
 }
 
 double Settings::ApplyRounding(double total) const {
-  if (RoundingMode() == "koruny") return std::nearbyint(total);
-  if (RoundingMode() == "halere") return RoundUp(total, 1, program_.errors);
+  if (RoundingMode() == kToCrowns) return std::nearbyint(total);
+  if (RoundingMode() == kUpToTenHaler) return RoundUp(total, 1, program_.errors);
   return total;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,23 @@ struct ProgramSettings {
   std::string Zaokrouhlit;
 };
 
+/// The rounding rules, as the key "Zaokrouhlit" has them.
+inline constexpr std::string_view kRoundingKey = "Zaokrouhlit";
+inline constexpr std::string_view kNoRounding = "NE";
+inline constexpr std::string_view kUpToTenHaler = "halere";
+inline constexpr std::string_view kToCrowns = "koruny";
+
+/// A text that the user sets in the settings dialog.
+struct TextSetting {
+  std::string_view key;
+  std::string_view first_run_value;  ///< tells what belongs there, and prints until it is replaced
+  std::string_view default_value;    ///< where the key is missing
+  std::string ProgramSettings::*field;
+};
+
+/// In the order in which the first run and the dialog write them.
+extern const std::array<TextSetting, 12> kTextSettings;
+
 /// The settings: their keys in the store, their first-run values and the record in memory.
 /// A failure of the store throws Error 75.
 class Settings {
@@ -48,6 +66,9 @@ class Settings {
 
   /// Reads the record from the store. A missing rounding rule becomes "NE".
   void LoadProgramSettings();
+
+  /// Reads the rounding rule of the record anew, and nothing else of it.
+  void ReloadRounding();
 
   const ProgramSettings& record() const { return record_; }
   /// The rounding rule in force: "NE", "halere" or "koruny", or whatever word is stored.

@@ -156,6 +156,20 @@ TEST_F(SettingsTest, RecordKeepsItsValuesUntilItIsLoadedAgain) {
   EXPECT_EQ(settings_.record().Nazev, "Pekárna");
 }
 
+TEST_F(SettingsTest, RoundingAloneCanBeLoadedAgain) {
+  Store("Zaokrouhlit", "halere");
+  Store("Nazev", "Pekárna");
+  settings_.LoadProgramSettings();
+  settings_.SaveSetting("Zaokrouhlit", "koruny");
+  settings_.SaveSetting("Nazev", "Mlékárna");
+  settings_.ReloadRounding();
+  EXPECT_EQ(settings_.RoundingMode(), "koruny");
+  EXPECT_EQ(settings_.record().Nazev, "Pekárna");
+  settings_.SaveSetting("Zaokrouhlit", "");
+  settings_.ReloadRounding();
+  EXPECT_EQ(settings_.RoundingMode(), "NE");
+}
+
 struct RoundingCase {
   const char* name;
   const char* mode;

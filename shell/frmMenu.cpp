@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/common/addresses.h"
+#include "shell/common/busy_pointer.h"
 #include "shell/common/error.h"
 #include "shell/common/help.h"
 #include "shell/common/modPromenne.h"
@@ -15,18 +16,6 @@ std::string WithoutAccessKey(std::string caption) {
   caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
   return caption;
 }
-
-/// The hourglass, for as long as it is in scope.
-class BusyPointer {
- public:
-  explicit BusyPointer(ui::Window& window) : window_(window) { window_.SetBusy(true); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-  ~BusyPointer() { window_.SetBusy(false); }
-
- private:
-  ui::Window& window_;
-};
 
 }  // namespace
 
@@ -53,9 +42,7 @@ void frmMenu::WireCommands() {
           [this] { StartProgram("notepad.exe", "Program Poznámkový blok nebyl nalezen"); });
   OnClick(mnuObsah, [this] { OpenHelp(program_); });
   WireOpener(mnuOProgramu, "frmAbout");
-  OnClick(mnuNaseStranky, [this] {
-    if (!program_.platform.opener.Open(kHomePage)) throw Error(ErrorNumber::kBadArgument);
-  });
+  OnClick(mnuNaseStranky, [this] { OpenWeb(program_, kHomePage); });
   WireOpener(mnuVersionHistory, "frmHistory");
   OnClick(mnuKonecProgramu, [this] { Close(); });
 

@@ -5,6 +5,9 @@
 #include "calc/progressive/frmPostupny.h"
 #include "calc/single/frmJednotlivy.h"
 #include "invoice/frmFaktura.h"
+#include "settings/frmNastaveni.h"
+#include "shell/frmAbout.h"
+#include "shell/frmHistory.h"
 #include "shell/frmMenu.h"
 #include "shell/frmSplash.h"
 
@@ -25,6 +28,10 @@ Velta::Velta(const ui::Platform& platform, const ProgramInfo& info) : program_(p
   windows.Register("frmFaktura", [this] {
     return std::make_unique<frmFaktura>(program_, settings_, calculations_);
   });
+  windows.Register("frmNastaveni",
+                   [this] { return std::make_unique<frmNastaveni>(program_, settings_); });
+  windows.Register("frmAbout", [this] { return std::make_unique<frmAbout>(program_); });
+  windows.Register("frmHistory", [this] { return std::make_unique<frmHistory>(program_); });
 }
 
 void Velta::Start() { program_.windows.Open("frmSplash"); }

@@ -1,10 +1,19 @@
 #pragma once
 
+#include <string>
+
+#include "shell/common/program.h"
+
 /// The maker's addresses. The domain is reserved for examples and belongs to nobody.
 namespace velta {
 
 inline constexpr const char* kHomePage = "https://velta.example/";
 inline constexpr const char* kSupportPage = "https://velta.example/podpora/";  ///< technical help
 inline constexpr const char* kSupportMail = "podpora@velta.example";
+
+/// Opens a web address, or a new message to a mail address, in the user's own program. Where
+/// nothing takes it: Error 5.
+void OpenWeb(Program& program, const std::string& address);
+void OpenMail(Program& program, const std::string& address);
 
 }  // namespace velta

@@ -1,7 +1,11 @@
 #include "shell/common/modPromenne.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <filesystem>
+#include <fstream>
+#include <string_view>
 #include <system_error>
 
 #include "shell/common/error.h"
@@ -14,6 +18,10 @@ namespace {
 double Finite(double value) {
   if (!std::isfinite(value)) throw Error(ErrorNumber::kOverflow);
   return value;
+}
+
+std::filesystem::path NativePath(const std::string& utf8) {
+  return std::u8string(utf8.begin(), utf8.end());
 }
 
 }  // namespace
@@ -36,9 +44,24 @@ std::string GetDecimalSep(const ui::LocaleFormat& locale) {
 
 bool FileExist(const std::string& path) {
   std::error_code error;
-  const auto status = std::filesystem::status(
-      std::filesystem::path(std::u8string(path.begin(), path.end())), error);
+  const auto status = std::filesystem::status(NativePath(path), error);
   return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+std::string ReadFile(const std::string& path) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+  std::ifstream file(NativePath(path), std::ios::binary);
+  if (!file) throw Error(FileExist(path) ? ErrorNumber::kPathAccess : ErrorNumber::kFileNotFound);
+  std::string bytes;
+  std::array<char, 4096> block;
+  do {
+    file.read(block.data(), block.size());
+    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  } while (file);
+  if (file.bad()) throw Error(ErrorNumber::kDeviceError);
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  return bytes;
 }
 
 std::string ProgramFile(const ui::ProgramFolder& folder, const std::string& name) {

@@ -22,6 +22,10 @@ std::string GetDecimalSep(const ui::LocaleFormat& locale);
 /// True where a file (not a folder) of that name exists; `path` is UTF-8.
 bool FileExist(const std::string& path);
 
+/// The bytes of a whole file, without a byte order mark at its beginning; `path` is UTF-8. No such
+/// file: Error 53. A file that cannot be opened: Error 75, or read: Error 57.
+std::string ReadFile(const std::string& path);
+
 /// The full name of a file in the program's folder, with exactly one separator before the name
 /// whether or not the folder already ends in one.
 std::string ProgramFile(const ui::ProgramFolder& folder, const std::string& name);

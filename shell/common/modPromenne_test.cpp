@@ -6,11 +6,16 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <string>
 
+#include "tests/support/rate_folder.h"
+#include "tests/support/thrown.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {
 namespace {
+
+using testing::Thrown;
 
 const ui::LocaleFormat kCzech;
 const ui::LocaleFormat kEnglish = ui::EnglishLocale();
@@ -130,6 +135,44 @@ TEST(ModPromenneTest, FileExist) {
   EXPECT_FALSE(FileExist(std::string(100000, 'x')));
   std::filesystem::remove_all(folder);
   EXPECT_FALSE(FileExist(utf8(file)));
+}
+
+struct FileRow {
+  const char* name;
+  std::string bytes;
+  std::string read;
+};
+
+TEST(ModPromenneTest, ReadFileGivesTheBytesAsTheyStand) {
+  const RateFolder folder;
+  // Read block by block: lengths at and around the end of one.
+  const std::string kRows = std::string(4095, 'a') + "\r\n";
+  for (const FileRow& row :
+       {FileRow{"empty", "", ""}, FileRow{"one byte", "a", "a"},
+        FileRow{"line ends", "a\r\nb\n\r\n", "a\r\nb\n\r\n"},
+        FileRow{"no end of the last line", "a\r\nb", "a\r\nb"},
+        FileRow{"a byte order mark",
+                "\xEF\xBB\xBF"
+                "á\r\n",
+                "á\r\n"},
+        FileRow{"a byte order mark alone", "\xEF\xBB\xBF", ""},
+        FileRow{"a mark that is not at the beginning", "a\xEF\xBB\xBF", "a\xEF\xBB\xBF"},
+        FileRow{"bytes that are no UTF-8", "\x80\xFF\xC3", "\x80\xFF\xC3"},
+        FileRow{"a zero byte", std::string("a\0b", 3), std::string("a\0b", 3)},
+        FileRow{"less than a block", kRows.substr(0, 4095), kRows.substr(0, 4095)},
+        FileRow{"a block", kRows.substr(0, 4096), kRows.substr(0, 4096)},
+        FileRow{"more than a block", kRows, kRows},
+        FileRow{"blocks", kRows + kRows + kRows, kRows + kRows + kRows}}) {
+    folder.Write("soubor.txt", row.bytes);
+    EXPECT_EQ(ReadFile(folder.File("soubor.txt")), row.read) << row.name;
+  }
+}
+
+TEST(ModPromenneTest, ReadFileSaysWhyItCannot) {
+  const RateFolder folder;
+  EXPECT_EQ(Thrown([&] { ReadFile(folder.File("chybí.txt")); }), ErrorNumber::kFileNotFound);
+  EXPECT_EQ(Thrown([&] { ReadFile(folder.path()); }), ErrorNumber::kDeviceError)
+      << "a folder in the file's place";
 }
 
 struct FolderRow {

@@ -292,6 +292,10 @@ void Binder::Visit(ui::DropDown& control) {
 
 void Binder::Visit(ui::Frame& control) {
   auto& widget = Widget<QWidget>(control);
+  // A hidden page keeps its place, so that a window is as large as its largest page.
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget.setSizePolicy(policy);
   Mirror(control, widget, [&control, box = qobject_cast<QGroupBox*>(&widget)](Aspect aspect) {
     if (aspect == Aspect::kCaption && box != nullptr) {
       box->setTitle(ToQString(control.caption()));

@@ -3,9 +3,12 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include "ui_frmAbout.h"
 #include "ui_frmFaktura.h"
+#include "ui_frmHistory.h"
 #include "ui_frmJednotlivy.h"
 #include "ui_frmMenu.h"
+#include "ui_frmNastaveni.h"
 #include "ui_frmPostupny.h"
 #include "ui_frmSplash.h"
 
@@ -24,9 +27,12 @@ QWidget* Make() {
 
 QWidget* MakeForm(const QString& name) {
   static const QHash<QString, QWidget* (*)()> kForms = {
+      {"frmAbout", &Make<Ui::frmAbout>},
       {"frmFaktura", &Make<Ui::frmFaktura>},
+      {"frmHistory", &Make<Ui::frmHistory>},
       {"frmJednotlivy", &Make<Ui::frmJednotlivy>},
       {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
+      {"frmNastaveni", &Make<Ui::frmNastaveni>},
       {"frmPostupny", &Make<Ui::frmPostupny>},
       {"frmSplash", &Make<Ui::frmSplash>},
   };

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -18,6 +19,7 @@
 #include <QTest>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/common/form.h"
@@ -49,6 +51,19 @@ class FormsTest : public ::testing::TestWithParam<std::string> {
 
   Windows& windows() { return velta_.program().windows; }
   const ui::Window& model() { return *windows().Find(GetParam()); }
+  /// Checks the window as it opens, and again after each of its options, which may show other
+  /// pages.
+  template <class Check>
+  void OnEveryPage(Check check) {
+    check();
+    for (ui::Control* control : model().controls()) {
+      auto* option = dynamic_cast<ui::OptionButton*>(control);
+      if (option == nullptr || !option->UserClick()) continue;
+      SCOPED_TRACE(option->name());
+      QTest::qWait(1);
+      check();
+    }
+  }
   static QWidget& root() {
     for (QWidget* widget : QApplication::allWidgets()) {
       if (widget->objectName() == ToQString(GetParam()) && widget->isVisible()) return *widget;
@@ -85,62 +100,70 @@ TEST_P(FormsTest, EveryNamedWidgetHasItsControl) {
 }
 
 TEST_P(FormsTest, TheKeyboardCanGoWhereTheModelSaysAndNowhereElse) {
-  std::vector<std::string> differing;
-  for (const ui::Control* control : model().controls()) {
-    const QWidget* widget = WidgetOf(*control);
-    if (widget == nullptr || !control->enabled() || !control->visible()) continue;
-    const bool reachable = (widget->focusPolicy() & Qt::TabFocus) != 0;
-    if (reachable != control->IsTabStop()) differing.push_back(control->name());
-  }
-  EXPECT_THAT(differing, IsEmpty());
+  OnEveryPage([this] {
+    std::vector<std::string> differing;
+    for (const ui::Control* control : model().controls()) {
+      const QWidget* widget = WidgetOf(*control);
+      if (widget == nullptr || !control->enabled() || !control->visible()) continue;
+      const bool reachable = (widget->focusPolicy() & Qt::TabFocus) != 0;
+      if (reachable != control->IsTabStop()) differing.push_back(control->name());
+    }
+    EXPECT_THAT(differing, IsEmpty());
+  });
 }
 
 TEST_P(FormsTest, WhatIsSeenIsWhatTheModelTakesForVisible) {
-  // A control stands in the same frame in the form and in the model.
-  std::vector<std::string> differing;
-  for (const ui::Control* control : model().controls()) {
-    const QWidget* widget = WidgetOf(*control);
-    if (widget == nullptr || dynamic_cast<const ui::MenuItem*>(control) != nullptr) continue;
-    if (widget->isVisible() != control->visible()) differing.push_back(control->name());
-  }
-  EXPECT_THAT(differing, IsEmpty());
+  OnEveryPage([this] {
+    // A control stands in the same frame in the form and in the model.
+    std::vector<std::string> differing;
+    for (const ui::Control* control : model().controls()) {
+      const QWidget* widget = WidgetOf(*control);
+      if (widget == nullptr || dynamic_cast<const ui::MenuItem*>(control) != nullptr) continue;
+      if (widget->isVisible() != control->visible()) differing.push_back(control->name());
+    }
+    EXPECT_THAT(differing, IsEmpty());
+  });
 }
 
 TEST_P(FormsTest, EveryInputHasANameForThoseWhoDoNotSeeIt) {
-  std::set<const QWidget*> named;
-  for (const QLabel* label : root().findChildren<QLabel*>()) {
-    if (label->buddy() != nullptr && !label->text().isEmpty()) named.insert(label->buddy());
-  }
-  std::vector<std::string> nameless;
-  for (const ui::Control* control : model().controls()) {
-    const QWidget* widget = WidgetOf(*control);
-    if (widget == nullptr || !control->CanTakeFocus()) continue;
-    const auto* button = qobject_cast<const QAbstractButton*>(widget);
-    if (named.count(widget) == 0 && widget->accessibleName().isEmpty() &&
-        (button == nullptr || button->text().isEmpty())) {
-      nameless.push_back(control->name());
+  OnEveryPage([this] {
+    std::set<const QWidget*> named;
+    for (const QLabel* label : root().findChildren<QLabel*>()) {
+      if (label->buddy() != nullptr && !label->text().isEmpty()) named.insert(label->buddy());
     }
-  }
-  EXPECT_THAT(nameless, IsEmpty());
+    std::vector<std::string> nameless;
+    for (const ui::Control* control : model().controls()) {
+      const QWidget* widget = WidgetOf(*control);
+      if (widget == nullptr || !control->CanTakeFocus()) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      if (named.count(widget) == 0 && widget->accessibleName().isEmpty() &&
+          (button == nullptr || button->text().isEmpty())) {
+        nameless.push_back(control->name());
+      }
+    }
+    EXPECT_THAT(nameless, IsEmpty());
+  });
 }
 
 TEST_P(FormsTest, NothingIsClipped) {
-  std::vector<std::string> clipped;
-  for (const ui::Control* control : model().controls()) {
-    const QWidget* widget = WidgetOf(*control);
-    if (widget == nullptr || !widget->isVisible()) continue;
-    const QSize needed = widget->minimumSizeHint();
-    if (widget->width() < needed.width() || widget->height() < needed.height()) {
-      clipped.push_back(control->name());
+  OnEveryPage([this] {
+    std::vector<std::string> clipped;
+    for (const ui::Control* control : model().controls()) {
+      const QWidget* widget = WidgetOf(*control);
+      if (widget == nullptr || !widget->isVisible()) continue;
+      const QSize needed = widget->minimumSizeHint();
+      if (widget->width() < needed.width() || widget->height() < needed.height()) {
+        clipped.push_back(control->name());
+      }
+      const auto* label = qobject_cast<const QLabel*>(widget);
+      // The hint line alone may be longer than its place.
+      if (label != nullptr && control->name() != "lblMSG" &&
+          label->width() < label->sizeHint().width()) {
+        clipped.push_back(control->name());
+      }
     }
-    const auto* label = qobject_cast<const QLabel*>(widget);
-    // The hint line alone may be longer than its place.
-    if (label != nullptr && control->name() != "lblMSG" &&
-        label->width() < label->sizeHint().width()) {
-      clipped.push_back(control->name());
-    }
-  }
-  EXPECT_THAT(clipped, IsEmpty());
+    EXPECT_THAT(clipped, IsEmpty());
+  });
 }
 
 TEST_P(FormsTest, EveryPictureIsThere) {
@@ -202,6 +225,68 @@ TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
   Main().resize(Main().width() + 100, Main().height());
   QTest::qWait(1);
   EXPECT_EQ(hint.width(), before + 100);
+}
+
+/// The settings window, a page at a time.
+class SettingsFormTest : public MainFormTest {
+ protected:
+  SettingsFormTest() {
+    velta_.program().windows.Open("frmNastaveni");
+    QTest::qWait(1);
+  }
+  void ShowPage(int page) {
+    const ui::Window& window = *velta_.program().windows.Find("frmNastaveni");
+    auto* button = window.Find("optFramy(" + std::to_string(page) + ")");
+    dynamic_cast<ui::OptionButton&>(*button).UserClick();
+    QTest::qWait(1);
+  }
+  static QMdiSubWindow& SubWindow() { return *Main().findChild<QMdiSubWindow*>(); }
+  static QListWidget& List(const char* name) { return *Main().findChild<QListWidget*>(name); }
+  /// The rows in view, the first and the last.
+  static std::pair<int, int> InView(const QListWidget& list) {
+    const QRect seen = list.viewport()->rect();
+    return {list.row(list.itemAt(seen.topLeft())), list.row(list.itemAt(seen.bottomLeft()))};
+  }
+};
+
+TEST_F(SettingsFormTest, KeepsItsSizeOnEveryPageAndFitsASmallScreen) {
+  const QSize size = SubWindow().size();
+  for (const int page : {1, 2, 3, 0}) {
+    ShowPage(page);
+    EXPECT_EQ(SubWindow().size(), size) << page;
+    EXPECT_EQ(SubWindow().sizeHint(), size) << page;
+  }
+  // What a screen of 1024 by 768 leaves to the windows in the main window.
+  EXPECT_LE(size.width(), 1000);
+  EXPECT_LE(size.height(), 600);
+}
+
+TEST_F(SettingsFormTest, NewestRatesAreInView) {
+  ShowPage(2);
+  for (const char* column : {"lstCnb_0", "lstCnb_1", "lstCnb_2", "lstCnb_3"}) {
+    const QListWidget& list = List(column);
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.item(list.count() - 1))))
+        << column;
+  }
+  ShowPage(3);
+  const QListWidget& list = List("lstRepo");
+  EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.item(list.count() - 1))));
+}
+
+TEST_F(SettingsFormTest, ColumnsOfADiscountTableScrollAsOne) {
+  ShowPage(2);
+  std::vector<QListWidget*> columns;
+  for (const char* name : {"lstCnb_0", "lstCnb_1", "lstCnb_2", "lstCnb_3"}) {
+    columns.push_back(&List(name));
+  }
+  for (std::size_t moved = 0; moved < columns.size(); ++moved) {
+    const int first_row = 10 + 5 * static_cast<int>(moved);
+    columns[moved]->scrollToItem(columns[moved]->item(first_row), QListWidget::PositionAtTop);
+    for (const QListWidget* column : columns) {
+      EXPECT_EQ(InView(*column).first, first_row);
+      EXPECT_EQ(InView(*column), InView(*columns[0]));
+    }
+  }
 }
 
 std::vector<std::string> AllWindows() {

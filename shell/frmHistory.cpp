@@ -1,0 +1,43 @@
+#include "shell/frmHistory.h"
+
+#include "shell/common/busy_pointer.h"
+#include "shell/common/error.h"
+#include "shell/common/modPromenne.h"
+#include "shell/common/page.h"
+#include "shell/common/printing.h"
+
+namespace velta {
+
+namespace {
+
+constexpr const char* kHistoryFile = "HISTORY.TXT";
+constexpr const char* kName = "Historie verzí";
+
+}  // namespace
+
+frmHistory::frmHistory(Program& program) : Form(program, "frmHistory") {
+  txtHistory.SetReadOnly();
+  OnClick(cmdTisk, [this] { cmdTisk_Click(); });
+  OnClick(cmdKonec, [this] { Close(); });
+  Hint(cmdTisk, "Vytiskne historii verzí");
+  Hint(cmdKonec, "Zavřít okno");
+  SurfaceHint(fraHistory);
+  SurfaceHint(txtHistory);
+}
+
+void frmHistory::OnLoad() {
+  SetCaption(kName);
+  cmdTisk.SetCaption("&Tisk");
+  cmdKonec.SetCaption("&Konec");
+  const BusyPointer busy(*this);
+  txtHistory.SetText(ReadFile(ProgramFile(program_.platform.program_folder, kHistoryFile)));
+}
+
+void frmHistory::cmdTisk_Click() {
+  Page page(kName);
+  page.EmptyLines(2);
+  page.WriteLines(txtHistory.text());
+  if (!PrintOnDefaultPrinter(program_, page.Take())) throw Error(ErrorNumber::kPrintCancelled);
+}
+
+}  // namespace velta
