@@ -8,9 +8,6 @@
 
 namespace velta {
 
-/// The rounding rule that leaves the interest as it is.
-inline constexpr std::string_view kNoRounding = "NE";
-
 /// The firm's data, the invoice texts and the rounding rule as the program works with them. They
 /// are read once, when the main window loads; what the settings dialog writes takes effect at the
 /// next start, on purpose. One field for each key of the store, named like it.

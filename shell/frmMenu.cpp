@@ -75,11 +75,6 @@ void frmMenu::OnLoad() {
   SetHelpFile();
   program_.status.ClearHint();
   program_.state.CalculationFinished = false;
-  // Windows that this version does not have yet can't be opened.
-  mnuPostupnyVypocet.SetEnabled(program_.windows.Knows("frmPostupny"));
-  mnuNastaveni.SetEnabled(program_.windows.Knows("frmNastaveni"));
-  mnuOProgramu.SetEnabled(program_.windows.Knows("frmAbout"));
-  mnuVersionHistory.SetEnabled(program_.windows.Knows("frmHistory"));
   Timer1.SetEnabled(true);
   settings_.LoadProgramSettings();
   ShowTime();

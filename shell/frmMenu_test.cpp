@@ -254,18 +254,6 @@ TEST_F(frmMenuTest, OpenersOpenTheirWindowsOnce) {
   }
 }
 
-TEST_F(frmMenuTest, WindowsThatThisProgramLacksCannotBeOpened) {
-  Start();
-  for (const auto& [item, window] : std::vector<std::pair<ui::MenuItem*, const char*>>{
-           {&menu_->mnuJednotlivyVypocet, "frmJednotlivy"},
-           {&menu_->mnuPostupnyVypocet, "frmPostupny"},
-           {&menu_->mnuNastaveni, "frmNastaveni"},
-           {&menu_->mnuOProgramu, "frmAbout"},
-           {&menu_->mnuVersionHistory, "frmHistory"}}) {
-    EXPECT_EQ(item->enabled(), windows().Knows(window)) << window;
-  }
-}
-
 TEST_F(frmMenuTest, ToolbarButtonsRunTheMenuCommandsInMenuOrder) {
   Start();
   const std::vector<ui::MenuItem*> commands = {

@@ -23,7 +23,6 @@ class Windows {
   ~Windows();
 
   void Register(const std::string& name, Factory factory);
-  bool Knows(const std::string& name) const { return factories_.count(name) != 0; }
 
   /// Loads the window if it is not loaded, then shows it, brings it to the front and gives it the
   /// keyboard, also where its load ended in an error report. An unknown name throws Error 5.
