@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "calc/single/frmJednotlivy.h"
+#include "invoice/frmFaktura.h"
 #include "shell/frmMenu.h"
 #include "shell/frmSplash.h"
 
@@ -16,6 +17,9 @@ Velta::Velta(const ui::Platform& platform, const ProgramInfo& info) : program_(p
       "frmMenu", [this] { return std::make_unique<frmMenu>(program_, settings_, calculations_); });
   windows.Register("frmJednotlivy", [this] {
     return std::make_unique<frmJednotlivy>(program_, settings_, calculations_);
+  });
+  windows.Register("frmFaktura", [this] {
+    return std::make_unique<frmFaktura>(program_, settings_, calculations_);
   });
 }
 

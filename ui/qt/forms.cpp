@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include "ui_frmFaktura.h"
 #include "ui_frmJednotlivy.h"
 #include "ui_frmMenu.h"
 #include "ui_frmSplash.h"
@@ -22,6 +23,7 @@ QWidget* Make() {
 
 QWidget* MakeForm(const QString& name) {
   static const QHash<QString, QWidget* (*)()> kForms = {
+      {"frmFaktura", &Make<Ui::frmFaktura>},
       {"frmJednotlivy", &Make<Ui::frmJednotlivy>},
       {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
       {"frmSplash", &Make<Ui::frmSplash>},

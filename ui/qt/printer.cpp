@@ -28,7 +28,8 @@ namespace {
 constexpr double kMargin = 27;
 constexpr double kCellWidth = 6;
 constexpr double kLineHeight = 12;
-constexpr double kLineWidth = 90 * kCellWidth;
+constexpr double kPageWidth = 90 * kCellWidth;
+constexpr double kPageHeight = ui::kLinesOfPage * kLineHeight;
 
 /// The asked font, or a fixed-pitch one with Czech letters that is as wide.
 QFont CellFont(const ui::PrintedDocument& document) {
@@ -48,18 +49,17 @@ class CellPainter {
   /// False where the printer or the file refuses.
   bool Draw(const std::vector<ui::PrintedLine>& lines) {
     const QSizeF paper = printer_.pageLayout().paintRect(QPageLayout::Point).size();
+    if (paper.isEmpty() || !painter_.begin(&printer_)) return false;
     // Where a printer cannot print as close to the paper's edge, the page gets smaller, not cut
     // off.
-    const double scale = std::min(1.0, paper.width() / kLineWidth);
-    const auto lines_of_page = static_cast<std::size_t>(paper.height() / (kLineHeight * scale));
-    if (lines_of_page == 0 || !painter_.begin(&printer_)) return false;
+    const double scale = std::min({1.0, paper.width() / kPageWidth, paper.height() / kPageHeight});
     painter_.scale(scale, scale);
     const double dots = printer_.resolution() / 72.0;  // a point's
     const double ascent = QFontMetricsF(font_, &printer_).ascent();
     bool first_page = true;  // that the painter has begun
     for (std::size_t i = 0; i < lines.size(); ++i) {
-      const std::size_t row = i % lines_of_page;
-      if (!IsChosen(static_cast<int>(i / lines_of_page) + 1)) continue;
+      const std::size_t row = i % ui::kLinesOfPage;
+      if (!IsChosen(static_cast<int>(i / ui::kLinesOfPage) + 1)) continue;
       if (row == 0 && !std::exchange(first_page, false) && !printer_.newPage()) return false;
       DrawLine(lines[i], dots, ascent + static_cast<double>(row) * kLineHeight * dots);
     }

@@ -34,7 +34,6 @@ namespace {
 // The printers of whoever runs the tests are none of ours. The printing library looks here once.
 const bool kWithoutPrinters = qputenv("CUPS_SERVER", "/nonexistent/cups.sock");
 
-constexpr int kLinesOfPage = 65;
 constexpr double kTenthOfPoint = 0.1;
 
 class PrintJobTest : public ::testing::Test {
@@ -91,7 +90,7 @@ TEST_F(PrintJobTest, EveryCharacterStandsInItsColumn) {
 }
 
 TEST_F(PrintJobTest, ColumnsAreSixPointsWideAndLinesTwelvePointsHigh) {
-  std::vector<ui::PrintedLine> lines(kLinesOfPage);
+  std::vector<ui::PrintedLine> lines(ui::kLinesOfPage);
   const std::string last_column = std::string(43, ' ') + "m" + std::string(44, ' ') + "m";
   lines.front().text = "m" + last_column;
   lines.back().text = "ž" + last_column;
@@ -117,7 +116,7 @@ TEST_F(PrintJobTest, FullPageGoesOnToTheNextAndNoLineIsLost) {
 }
 
 TEST_F(PrintJobTest, ExactlyFullPageIsFollowedByNoEmptyOne) {
-  ASSERT_TRUE(Print(NumberedLines(kLinesOfPage)));
+  ASSERT_TRUE(Print(NumberedLines(ui::kLinesOfPage)));
   EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(1, 65)));
 }
 
@@ -125,23 +124,27 @@ TEST_F(PrintJobTest, OnlyTheChosenPagesArePrinted) {
   auto printer = FilePrinter();
   printer->setPrintRange(QPrinter::PageRange);
   printer->setFromTo(2, 3);
-  ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(4 * kLinesOfPage)));
+  ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(4 * ui::kLinesOfPage)));
   EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(66, 130), NumbersFrom(131, 195)));
 }
 
 TEST_F(PrintJobTest, PrinterWithWideMarginsPrintsSmallerAndCutsNothingOff) {
-  auto printer = FilePrinter();
-  printer->setPageMargins(QMarginsF(60, 60, 60, 60), QPageLayout::Point);
-  ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(150)));
+  // All wide; below alone, where many printers cannot go as near to the edge.
+  for (const QMarginsF& margins : {QMarginsF(60, 60, 60, 60), QMarginsF(27, 27, 27, 60)}) {
+    auto printer = FilePrinter();
+    printer->setPageMargins(margins, QPageLayout::Point);
+    ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(150)));
 
-  const std::vector<PdfWord> words = PdfWords(file_);
-  ASSERT_EQ(words.size(), 150U);
-  for (int i = 0; i < 150; ++i) {
-    const PdfWord& word = words[static_cast<std::size_t>(i)];
-    EXPECT_EQ(word.text.toStdString(), NumberedLine(i + 1));
-    EXPECT_GE(word.left, 60 - kTenthOfPoint);
-    EXPECT_LE(word.right, 595 - 60 + 1);
-    EXPECT_LE(word.bottom, 842 - 60 + 1);
+    EXPECT_EQ(PdfPages(file_).size(), 3U);
+    const std::vector<PdfWord> words = PdfWords(file_);
+    ASSERT_EQ(words.size(), 150U);
+    for (int i = 0; i < 150; ++i) {
+      const PdfWord& word = words[static_cast<std::size_t>(i)];
+      EXPECT_EQ(word.text.toStdString(), NumberedLine(i + 1));
+      EXPECT_GE(word.left, margins.left() - kTenthOfPoint);
+      EXPECT_LE(word.right, 595 - margins.right() + 1);
+      EXPECT_LE(word.bottom, 842 - margins.bottom() + 1);
+    }
   }
 }
 
@@ -309,7 +312,7 @@ TEST_F(PrintDialogTest, PrintsThePagesThatTheUserChooses) {
     Press(dialog, "&Tisk");
   });
   ASSERT_NE(job, nullptr);
-  constexpr std::size_t kPage = kLinesOfPage;
+  constexpr std::size_t kPage = ui::kLinesOfPage;
   std::vector<ui::PrintedLine> lines(3 * kPage);
   lines[0].text = "první";
   lines[kPage].text = "druhá";
