@@ -129,8 +129,7 @@ class frmFakturaTest : public ProgramTest {
   frmFaktura* form_ = nullptr;
 };
 
-// --- the window
-// ---------------------------------------------------------------------------------------
+// --- the window --------------------------------------------------------------------------------
 
 TEST_F(frmFakturaTest, OpensWithItsCaptions) {
   const frmFaktura& form = Open();
@@ -247,8 +246,7 @@ TEST_F(frmFakturaTest, HelpOpensAtItsTopic) {
                                    "(cmdHelp_Click) of (frmFaktura.frm)."));
 }
 
-// --- the item line
-// ---------------------------------------------------------------------------------------
+// --- the item line -----------------------------------------------------------------------------
 
 TEST_F(frmFakturaTest, ItemLineHoldsTheRoundedInterestOfASingleCalculation) {
   SetRounding("halere");
@@ -325,8 +323,7 @@ TEST_F(frmFakturaTest, FirstRepoResultThatIsOnItsWayIsNoCalculationYet) {
   EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t" + single.lblPenale.caption());
 }
 
-// --- what must be filled in
-// ---------------------------------------------------------------------------------------
+// --- what must be filled in --------------------------------------------------------------------
 
 TEST_F(frmFakturaTest, WithoutACalculationNothingIsPrinted) {
   FinishSingle();
@@ -397,8 +394,7 @@ TEST_F(frmFakturaTest, RefusedFieldTellsInTheStatusLineWhatItIs) {
   EXPECT_EQ(HintText(), "Název odběratele");
 }
 
-// --- printing
-// ---------------------------------------------------------------------------------------
+// --- printing ----------------------------------------------------------------------------------
 
 struct DaysCase {
   const char* days;
@@ -542,8 +538,7 @@ TEST_F(frmFakturaTest, WithoutADefaultPrinterTheDialogIsShown) {
   EXPECT_THAT(memory_.printer.printed, IsEmpty());
 }
 
-// --- closing
-// ---------------------------------------------------------------------------------------
+// --- closing -----------------------------------------------------------------------------------
 
 TEST_F(frmFakturaTest, CloseButtonClosesTheCalculationToo) {
   FinishSingle();

@@ -18,8 +18,7 @@ using ::testing::ElementsAreArray;
 
 using Lines = std::vector<std::string>;
 
-// --- the expected page, in its parts
-// ---------------------------------------------------------------------------------------
+// --- the expected page, in its parts -----------------------------------------------------------
 
 const Lines kHead = {
     // clang-format off
@@ -112,8 +111,7 @@ std::string Row(const std::string& left, int left_width, int column, const std::
          blanks(90 - column - right_width) + "|";
 }
 
-// --- what is printed
-// ---------------------------------------------------------------------------------------
+// --- what is printed ---------------------------------------------------------------------------
 
 Invoice FilledInvoice() {
   return {"2026001",
@@ -228,8 +226,7 @@ Lines Joined(std::initializer_list<Lines> parts) {
   return lines;
 }
 
-// --- the pages
-// ---------------------------------------------------------------------------------------
+// --- the pages ---------------------------------------------------------------------------------
 
 TEST(InvoicePageTest, SingleCalculation) {
   const SingleResult result = Single();
@@ -288,8 +285,7 @@ TEST(InvoicePageTest, UsersOwnNumbersAndDates) {
   EXPECT_EQ(RateLine(lines), Row("Úroková sazba ", 14, 74, "8.5 % ročně", 11));
 }
 
-// --- the rate
-// ---------------------------------------------------------------------------------------
+// --- the rate ----------------------------------------------------------------------------------
 
 struct RateCase {
   const char* name;
@@ -341,8 +337,7 @@ TEST(InvoicePageTest, TypedKindsOfAProgressiveCalculationPrintTheirText) {
                    std::string(72, ' ') + "ně" + std::string(15, ' ') + "|"}));
 }
 
-// --- payments
-// ---------------------------------------------------------------------------------------
+// --- payments ----------------------------------------------------------------------------------
 
 TEST(InvoicePageTest, RepoPaymentIsOneRowWithTheSumOfItsPeriods) {
   ProgressiveResult result = Progressive();
@@ -374,8 +369,7 @@ TEST(InvoicePageTest, LargestAmountsPushTheBalanceToTheNextLine) {
                    std::string(45, ' ') + "5 000,00 Kč                 41,10 Kč        |"}));
 }
 
-// --- texts that are too long
-// ---------------------------------------------------------------------------------------
+// --- texts that are too long -------------------------------------------------------------------
 
 TEST(InvoicePageTest, SupplierNameReachesUpToTheDivider) {
   Invoice invoice = FilledInvoice();
@@ -455,8 +449,7 @@ TEST(InvoicePageTest, AnyScriptAndAnyLengthIsKept) {
   EXPECT_EQ(std::count(joined.begin(), joined.end(), 'q'), 1000);
 }
 
-// --- the page's foot
-// ---------------------------------------------------------------------------------------
+// --- the page's foot ---------------------------------------------------------------------------
 
 /// How many pages so many payments take.
 struct PagesCase {

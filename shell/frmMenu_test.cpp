@@ -158,7 +158,6 @@ TEST_F(frmMenuTest, CommandsOnACalculationRefuseRightAfterStart) {
   Start();
   menu_->mnuTiskVypoctu.UserClick();
   EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint));
-  Register("frmFaktura");
   menu_->mnuVystavitFakturu.UserClick();
   EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint));
   EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
@@ -226,7 +225,6 @@ TEST_F(frmMenuTest, ClosedCalculationCannotBePrintedInvoicedOrCopied) {
 }
 
 TEST_F(frmMenuTest, InvoiceOpensForAFinishedCalculation) {
-  Register("frmFaktura");
   Start();
   FinishSingle();
   menu_->mnuVystavitFakturu.UserClick();
