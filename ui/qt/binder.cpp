@@ -257,9 +257,11 @@ void Binder::Visit(ui::DatePicker& control) {
 
 void Binder::Visit(ui::DropDown& control) {
   auto& list = Widget<QComboBox>(control);
-  list.setEditable(control.editable());
-  list.setInsertPolicy(QComboBox::NoInsert);
-  list.setCompleter(nullptr);
+  if (control.editable()) {
+    list.setEditable(true);
+    list.setInsertPolicy(QComboBox::NoInsert);
+    list.setCompleter(nullptr);
+  }
   Mirror(control, list, [&control, &list](Aspect aspect) {
     if (aspect == Aspect::kItems) {
       const QSignalBlocker by_program(list);
