@@ -62,7 +62,11 @@ class FormMaker final : public ui::ControlVisitor {
 
   void Visit(ui::Button& control) override { Add(control, new QPushButton(&root_)); }
   void Visit(ui::DatePicker& /*control*/) override {}
-  void Visit(ui::DropDown& control) override { Add(control, new QComboBox(&root_)); }
+  void Visit(ui::DropDown& control) override {
+    auto* list = new QComboBox(&root_);
+    list->setEditable(control.editable());
+    Add(control, list);
+  }
   void Visit(ui::Frame& control) override { Add(control, &page_); }
   void Visit(ui::Label& /*control*/) override {}
   void Visit(ui::ListBox& control) override { Add(control, new QListWidget(&root_)); }

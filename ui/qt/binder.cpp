@@ -167,11 +167,13 @@ W* Binder::Find(const ui::Control& control) const {
 template <class W>
 W& Binder::Widget(const ui::Control& control) const {
   W* widget = Find<W>(control);
-  if (widget == nullptr) {
-    qFatal("The form of %s has no widget of its kind for %s.", window_.name().c_str(),
-           control.name().c_str());
-  }
+  if (widget == nullptr) EndWithout(control);
   return *widget;
+}
+
+void Binder::EndWithout(const ui::Control& control) const {
+  qFatal("The form of %s has no widget of its kind for %s.", window_.name().c_str(),
+         control.name().c_str());
 }
 
 void Binder::Mirror(ui::Control& control, std::function<void(Aspect)> show) {
@@ -257,8 +259,9 @@ void Binder::Visit(ui::DatePicker& control) {
 
 void Binder::Visit(ui::DropDown& control) {
   auto& list = Widget<QComboBox>(control);
+  // Editable from the start, in the form: a line that a list gets only now breaks the tab order.
+  if (list.isEditable() != control.editable()) EndWithout(control);
   if (control.editable()) {
-    list.setEditable(true);
     list.setInsertPolicy(QComboBox::NoInsert);
     list.setCompleter(nullptr);
   }

@@ -61,6 +61,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   W* Find(const ui::Control& control) const;
   template <class W>
   W& Widget(const ui::Control& control) const;
+  [[noreturn]] void EndWithout(const ui::Control& control) const;
 
   /// Lets `show` draw every aspect of the control now and whenever it changes.
   void Mirror(ui::Control& control, std::function<void(ui::Aspect)> show);

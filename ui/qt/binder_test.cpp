@@ -46,6 +46,7 @@ struct Model : ui::Window {
     }
     cboText.SetEditable();
     fraStrana.Hold({&txtStrana});
+    ReadFirst({&lstRadky});
     txtReport.SetReadOnly();
     txtReport.SetTabStops({5, 108});
   }
@@ -86,7 +87,9 @@ struct Form {
     auto* on_page = new QVBoxLayout(page);
     on_page->addWidget(Named(new QLineEdit(), "txtStrana"));
     layout.addWidget(Named(page, "fraStrana"));
-    layout.addWidget(Named(new QComboBox(), "cboText"));
+    auto* typed = new QComboBox();
+    typed->setEditable(true);
+    layout.addWidget(Named(typed, "cboText"));
     layout.addWidget(Named(new QListWidget(), "lstRadky"));
     // Two groups of options side by side.
     for (const char* name : {"optFramy_0", "optFramy_1"}) {
@@ -497,7 +500,7 @@ TEST_F(BinderTest, TabComesToTheChosenOption) {
   form_.Get<QPushButton>("optFramy_0").setFocus(Qt::TabFocusReason);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_THAT(focused_, ElementsAre("optFramy(0)", "optZaok(2)", "lstRadky"));
+  EXPECT_THAT(focused_, ElementsAre("optFramy(0)", "optZaok(2)", "cboText"));
 }
 
 TEST_F(BinderTest, HiddenFrameHidesAndShowsWhatItHolds) {
@@ -519,8 +522,8 @@ TEST_F(BinderTest, KeyboardLeavesAFrameThatIsHidden) {
   ASSERT_TRUE(form_.Get<QLineEdit>("txtStrana").hasFocus());
   focused_.clear();
   model_.fraStrana.SetVisible(false);
-  EXPECT_TRUE(edit_.hasFocus());
-  EXPECT_THAT(focused_, ElementsAre("txtFaktura(3)"));
+  EXPECT_TRUE(rows_.hasFocus());
+  EXPECT_THAT(focused_, ElementsAre("lstRadky"));
 }
 
 TEST_F(BinderTest, PickedDayReachesTheModel) {
@@ -559,11 +562,11 @@ TEST_F(BinderTest, ButtonsClick) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(BinderTest, TabGoesInTheModelsOrderAndRaisesTheHint) {
+TEST_F(BinderTest, TabGoesInTheModelsReadingOrderAndRaisesTheHint) {
   for (int i = 0; i < 11; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   EXPECT_THAT(focused_,
               ElementsAre("txtSazba", "cboDruh", "dtpDen", "txtReport", "cmdKonec", "optFramy(0)",
-                          "optZaok(0)", "lstRadky", "cboText", "txtStrana", "txtFaktura(3)"));
+                          "optZaok(0)", "cboText", "txtStrana", "lstRadky", "txtFaktura(3)"));
 }
 
 TEST_F(BinderTest, FocusByTheProgramOrByAWindowComingUpIsNoActOfTheUser) {
@@ -644,6 +647,23 @@ TEST(BinderDeathTest, ControlWithoutItsWidgetEndsTheProgram) {
         new Binder(model, root, hints, locale);
       },
       "frmTest has no widget of its kind for txtNikde");
+}
+
+TEST(BinderDeathTest, EditableListWhoseFormSaysOtherwiseEndsTheProgram) {
+  ui::MemoryEventLoop loop;
+  ui::Window model("frmTest", ui::WindowKind::kChild, loop);
+  ui::DropDown list(model, "cboText");
+  list.SetEditable();
+  const ui::LocaleFormat locale;
+  EXPECT_DEATH(
+      {
+        HintFilter hints;
+        QWidget root;
+        auto* box = new QComboBox(&root);
+        box->setObjectName("cboText");
+        new Binder(model, root, hints, locale);
+      },
+      "frmTest has no widget of its kind for cboText");
 }
 
 TEST_F(BinderTest, ReportValuesStandInOneColumnRightOfTheWidestLabel) {
