@@ -5,6 +5,7 @@
 
 #include "ui_frmJednotlivy.h"
 #include "ui_frmMenu.h"
+#include "ui_frmPostupny.h"
 #include "ui_frmSplash.h"
 
 namespace velta::qt {
@@ -24,6 +25,7 @@ QWidget* MakeForm(const QString& name) {
   static const QHash<QString, QWidget* (*)()> kForms = {
       {"frmJednotlivy", &Make<Ui::frmJednotlivy>},
       {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
+      {"frmPostupny", &Make<Ui::frmPostupny>},
       {"frmSplash", &Make<Ui::frmSplash>},
   };
   const auto form = kForms.find(name);
