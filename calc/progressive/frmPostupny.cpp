@@ -19,6 +19,16 @@ constexpr std::size_t kRate = 2;
 
 constexpr std::string_view kWrongDates = "Datum zaplacení je chybně zadáno";
 
+/// What a payment adds to the list of interest: one row, in the repo regime one for each period.
+std::vector<std::string> InterestRows(const Payment& payment, const ui::LocaleFormat& locale) {
+  if (payment.periods.empty()) return {PlainText(payment.interest, locale)};
+  std::vector<std::string> rows;
+  for (const InterestPeriod& period : payment.periods) {
+    rows.push_back(FixedText(period.interest, 4, locale));
+  }
+  return rows;
+}
+
 }  // namespace
 
 frmPostupny::frmPostupny(Program& program, const Settings& settings,
@@ -187,11 +197,10 @@ void frmPostupny::tmrRepo_Timer() {
 
 void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
   CalculationState& state = program_.state;
-  const ui::LocaleFormat& locale = program_.platform.locale;
 
   state.InterestAmount = RoundInterest(state.InterestAmount);
   state.AmountWithInterest = state.BaseAmount + Money::FromDouble(state.InterestAmount);
-  RemainingBalance = DebtAmount - PaymentAmount;
+  const Money balance = DebtAmount - PaymentAmount;
   if (PaymentAmount > DebtAmount) {
     Message(ui::Icon::kCritical, "Nesprávně zadaná hodnota částečné platby !");
     txtData[kPayment].SetText("");
@@ -203,16 +212,9 @@ void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
   payment.date = state.PaymentDate.value();
   payment.days = state.DaysLate;
   payment.amount = PaymentAmount;
-  payment.balance = RemainingBalance;
+  payment.balance = balance;
   payment.interest = state.InterestAmount;
   payment.periods = std::move(periods);
-  // The rows count as they are listed.
-  if (payment.periods.empty()) {
-    payment.interest_sum = ToMoney(PlainText(payment.interest, locale), locale);
-  }
-  for (const InterestPeriod& period : payment.periods) {
-    payment.interest_sum += Money::FromDouble(period.interest);
-  }
   RecordPayment(std::move(payment));
 }
 
@@ -229,7 +231,11 @@ void frmPostupny::RecordPayment(Payment payment) {
   CalculationState& state = program_.state;
   const ui::LocaleFormat& locale = program_.platform.locale;
 
-  result_.total += payment.interest_sum;  // first, for it may overflow
+  // The total counts the rows as they are listed. It comes first, for it may overflow.
+  const std::vector<std::string> rows = InterestRows(payment, locale);
+  for (const std::string& row : rows) payment.interest_sum += ToMoney(row, locale);
+  result_.total += payment.interest_sum;
+
   result_.due_date = state.DueDate.value();
   result_.kind = RateKindOf(state.RateKindText);
   result_.kind_text = state.RateKindText;
@@ -244,10 +250,7 @@ void frmPostupny::RecordPayment(Payment payment) {
     cmdTiskVyp.SetFocus();
     cmdPridat.SetEnabled(false);
   }
-  if (payment.periods.empty()) List4.AddItem(PlainText(payment.interest, locale));
-  for (const InterestPeriod& period : payment.periods) {
-    List4.AddItem(FixedText(period.interest, 4, locale));
-  }
+  for (const std::string& row : rows) List4.AddItem(row);
   ShowTotal(payment.interest);
   result_.payments.push_back(std::move(payment));
   if (state.CalculationFinished) AppendReport(ClosingReport(result_, locale));

@@ -72,7 +72,6 @@ class frmPostupny final : public CalculationForm {
   // The payment being added.
   Money DebtAmount;  ///< the balance before it
   Money PaymentAmount;
-  Money RemainingBalance;
 
   ProgressiveResult result_;
 };
