@@ -1368,6 +1368,17 @@ TEST_F(frmPostupnyTest, NewCalculationStartsFromNothing) {
   EXPECT_EQ(Record().payments.size(), 2U);
 }
 
+TEST_F(frmPostupnyTest, NewCalculationForgetsTheLatestPayment) {
+  Open();
+  EnterSampleInvoice();
+  Pay(Day(2004, 1, 31), "5000");
+  form_->cmdNovy.UserClick();
+  EnterSampleInvoice();
+  form_->UdelejVypocet();  // which takes the payment that the button has read, and now none
+  EXPECT_THAT(Rows(form_->List1), ElementsAre("0"));
+  EXPECT_THAT(Rows(form_->List4), ElementsAre("0"));
+}
+
 TEST_F(frmPostupnyTest, NewCalculationOpensTheRateBoxOfABankKindToo) {
   Open();
   EnterInvoice("10000", Day(2005, 3, 10), kDiscount, "");
