@@ -1,5 +1,6 @@
 #include "calc/calculation_form.h"
 
+#include <optional>
 #include <utility>
 
 #include "shell/common/help.h"
@@ -81,6 +82,42 @@ void CalculationForm::SwitchRegime() {
   Message(ui::Icon::kInformation,
           lawful == RateKind::kRepo ? "Měním na REPO sazbu" : "Měním na DISKONTNÍ sazbu");
   cboDruhSazby.SetIndex(static_cast<int>(lawful));
+}
+
+bool CalculationForm::TakeDates() {
+  CalculationState& state = program_.state;
+  state.DueDate = dtpSplatnost.day();
+  state.PaymentDate = dtpZaplaceni.day();
+  if (state.DueDate < state.PaymentDate) return true;
+  Message(ui::Icon::kCritical, "Datum zaplacení je chybně zadáno");
+  return false;
+}
+
+bool CalculationForm::TakeDelay() {
+  SwitchRegime();
+  if (!TakeDates()) return false;
+  program_.state.DaysLate = DaysBetween(dtpSplatnost.day(), dtpZaplaceni.day());
+  return true;
+}
+
+bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount, const ui::TextBox& rate) {
+  CalculationState& state = program_.state;
+  const ui::LocaleFormat& locale = program_.platform.locale;
+  if (!IsNumeric(amount.text(), locale)) return false;
+  state.BaseAmount = ToMoney(amount.text(), locale);
+  state.RateKindText = cboDruhSazby.text();
+  if (IsBankKind(Kind())) return true;
+  if (!IsNumeric(rate.text(), locale)) return false;
+  state.RateValue = ToRate(rate.text(), locale);
+  return true;
+}
+
+bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
+  const std::optional<Rate> rate = bank_rates_->DiscountRate(dtpSplatnost.day());
+  if (!rate) return false;
+  box.SetText(PlainText(*rate, program_.platform.locale));
+  program_.state.RateValue = *rate;
+  return true;
 }
 
 void CalculationForm::OpenRateBox(ui::TextBox& box) const {

@@ -52,8 +52,20 @@ class CalculationForm : public Form, public CalculationWindow {
   virtual void tmrRepo_Timer() = 0;
 
   RateKind Kind() const { return RateKindOf(cboDruhSazby.text()); }
-  /// Puts the bank kind that the due date asks for in place of the chosen one, and says so.
-  void SwitchRegime();
+
+  // The steps of computing that both windows have. They put into the shared state what they take,
+  // and return false where the calculation ends.
+
+  /// The two dates. Tells the user where the payment is not later than the due date.
+  bool TakeDates();
+  /// The dates and the days between. Before that it puts the bank kind that the due date asks for
+  /// in place of the chosen one, and says so.
+  bool TakeDelay();
+  /// The amount, the kind and, where it is typed, the rate. Silent where one is no number.
+  bool TakeAmountAndRate(const ui::TextBox& amount, const ui::TextBox& rate);
+  /// The discount rate of the due date, which is shown in the box. Where there is none the user has
+  /// been told.
+  bool TakeDiscountRate(ui::TextBox& box);
   /// The rate of a bank kind is not typed.
   void OpenRateBox(ui::TextBox& box) const;
 
@@ -66,6 +78,7 @@ class CalculationForm : public Form, public CalculationWindow {
   std::unique_ptr<BankRates> bank_rates_;  // while the window is loaded
 
  private:
+  void SwitchRegime();
   void cmdTiskVyp_Click();
   void cmdTiskFa_Click();
 

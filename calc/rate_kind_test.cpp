@@ -36,6 +36,13 @@ INSTANTIATE_TEST_SUITE_P(
         InterestCase{"PerMilleDaily", RateKind::kPerMilleDaily, 10000, 0.5F, 45, 225},
         InterestCase{"PerMilleYearly", RateKind::kPerMilleYearly, 10000, 85, 365, 850},
         InterestCase{"Discount", RateKind::kDiscount, 10000, 2, 102, 55.8904109589},
+        InterestCase{"CrownsDaily", RateKind::kCrownsDaily, 10000, 15, 10, 150},
+        InterestCase{"CrownsDailyOfNoAmount", RateKind::kCrownsDaily, 0, 15, 10, 150},
+        InterestCase{"CrownsYearly", RateKind::kCrownsYearly, 10000, 1500, 10, 41.0958904110},
+        InterestCase{"CrownsYearlyOfNoAmount", RateKind::kCrownsYearly, 0, 1500, 365, 1500},
+        // 0,7 in single precision is 0.699999988079071044921875
+        InterestCase{"CrownsInSinglePrecision", RateKind::kCrownsDaily, 1, 0.7F, 30,
+                     20.9999996423721},
         InterestCase{"NoDays", RateKind::kPercentYearly, 10000, 10, 0, 0},
         InterestCase{"NoAmount", RateKind::kPerMilleDaily, 0, 10, 100, 0},
         InterestCase{"NegativeRate", RateKind::kPercentDaily, 100, -1, 1, -1}),
@@ -47,13 +54,36 @@ TEST(RateKindTest, ExactHalvesComeOutExact) {
   EXPECT_EQ(Interest(RateKind::kPercentYearly, 4562.5, 1, 100), 12.5);
 }
 
+TEST(RateKindTest, TheTextIsTheKind) {
+  struct Row {
+    const char* text;
+    RateKind kind;
+  };
+  for (const Row& row :
+       {Row{"% denně", RateKind::kPercentDaily}, Row{"% ročně", RateKind::kPercentYearly},
+        Row{"‰ denně", RateKind::kPerMilleDaily}, Row{"‰ ročně", RateKind::kPerMilleYearly},
+        Row{"Dle Diskontní sazby ČNB", RateKind::kDiscount},
+        Row{"Dle Repo sazby ČNB", RateKind::kRepo}, Row{"částka Kč denně", RateKind::kCrownsDaily},
+        Row{"částka Kč ročně", RateKind::kCrownsYearly}}) {
+    EXPECT_EQ(RateKindOf(row.text), row.kind) << row.text;
+    EXPECT_EQ(Text(row.kind), row.text);
+  }
+  for (const char* text :
+       {"", " ", "%", "% ročně ", " % ročně", "%ročně", "% Ročně", "% rocne", "Dle Repo sazby",
+        "dle Repo sazby ČNB", "Dle Repo sazby ČNB.", "částka Kč", "částka denně"}) {
+    EXPECT_EQ(RateKindOf(text), RateKind::kUnknown) << '"' << text << '"';
+  }
+}
+
 TEST(RateKindTest, TheDueDateDecidesTheBanksRegime) {
   for (const RateKind bank : {RateKind::kDiscount, RateKind::kRepo}) {
     EXPECT_EQ(RegimeFor(bank, Day(2005, 4, 27)), RateKind::kDiscount);
     EXPECT_EQ(RegimeFor(bank, Day(2005, 4, 28)), RateKind::kRepo);
   }
-  for (const RateKind typed : {RateKind::kPercentDaily, RateKind::kPercentYearly,
-                               RateKind::kPerMilleDaily, RateKind::kPerMilleYearly}) {
+  for (const RateKind typed :
+       {RateKind::kPercentDaily, RateKind::kPercentYearly, RateKind::kPerMilleDaily,
+        RateKind::kPerMilleYearly, RateKind::kCrownsDaily, RateKind::kCrownsYearly,
+        RateKind::kUnknown}) {
     EXPECT_EQ(RegimeFor(typed, Day(2005, 4, 27)), typed);
     EXPECT_EQ(RegimeFor(typed, Day(2005, 4, 28)), typed);
     EXPECT_FALSE(IsBankKind(typed));

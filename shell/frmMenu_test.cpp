@@ -3,11 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "calc/progressive/frmPostupny.h"
 #include "calc/single/frmJednotlivy.h"
 #include "shell/velta.h"
 #include "tests/support/program_test.h"
@@ -49,6 +51,24 @@ class frmMenuTest : public ::testing::Test {
     single.txtVyseSazby.UserEdit("10");
     EXPECT_TRUE(state().CalculationFinished);
     return single;
+  }
+
+  /// 10 000 Kč due a year ago, of which `paid` are paid today.
+  frmPostupny& PayProgressive(const std::string& paid) {
+    menu_->mnuPostupnyVypocet.UserClick();
+    auto& progressive = dynamic_cast<frmPostupny&>(*windows().Find("frmPostupny"));
+    progressive.txtData[0].UserEdit("10000");
+    progressive.dtpSplatnost.UserPick(Day(2025, 11, 21));
+    progressive.txtData[2].UserEdit("10");
+    progressive.txtData[1].UserEdit(paid);
+    progressive.cmdPridat.UserClick();
+    return progressive;
+  }
+
+  /// The flags as single and progressive form open, single current, calculation finished.
+  std::array<bool, 4> Flags() {
+    return {state().SingleFormOpen, state().ProgressiveFormOpen, state().SingleIsCurrent,
+            state().CalculationFinished};
   }
 
   std::vector<std::string> Shown() {
@@ -222,6 +242,94 @@ TEST_F(frmMenuTest, ClosedCalculationCannotBePrintedInvoicedOrCopied) {
   menu_->mnuVystavitFakturu.UserClick();
   menu_->mnuKopirovat.UserClick();
   EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint, kRefusedPrint, kNotComplete));
+}
+
+TEST_F(frmMenuTest, CommandsOnAnUnfinishedProgressiveCalculationRefuse) {
+  Start();
+  PayProgressive("4000");
+  memory_.clipboard.text = "starý";
+  menu_->mnuTiskVypoctu.UserClick();
+  menu_->mnuVystavitFakturu.UserClick();
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kRefusedPrint, kRefusedPrint, kNotComplete));
+  EXPECT_EQ(memory_.clipboard.text, "starý");
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(memory_.printer.asked, IsEmpty());
+}
+
+TEST_F(frmMenuTest, FinishedProgressiveCalculationIsPrintedCopiedAndInvoiced) {
+  Register("frmFaktura");
+  Start();
+  const frmPostupny& progressive = PayProgressive("10000");
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_THAT(memory_.printer.asked, IsEmpty()) << "only after the handler has returned";
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_EQ(memory_.printer.printed.size(), 1U);
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_EQ(memory_.clipboard.text, progressive.txtPostup.text());
+  EXPECT_TRUE(memory_.clipboard.text.ends_with("\r\nÚrok z prodlení celkem\t1 000,00 Kč"));
+  menu_->mnuVystavitFakturu.UserClick();
+  EXPECT_TRUE(windows().IsLoaded("frmFaktura"));
+  EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmMenuTest, OneCalculationWindowClosesTheOther) {
+  Start();
+  EXPECT_EQ(Flags(), (std::array{false, false, false, false}));
+  FinishSingle();
+  EXPECT_EQ(Flags(), (std::array{true, false, true, true}));
+  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
+
+  const frmPostupny* progressive = &PayProgressive("4000");
+  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
+  EXPECT_EQ(Flags(), (std::array{false, true, false, false}));
+  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kProgressive);
+  EXPECT_EQ(windows().active(), progressive);
+  memory_.event_loop.RunUntilIdle();
+
+  FinishSingle();
+  EXPECT_FALSE(windows().IsLoaded("frmPostupny"));
+  EXPECT_EQ(Flags(), (std::array{true, false, true, true}));
+  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
+
+  // What a closed single calculation leaves open does no harm to the next window.
+  windows().Unload("frmJednotlivy");
+  EXPECT_EQ(Flags(), (std::array{true, false, false, false}));
+  progressive = &PayProgressive("10000");
+  EXPECT_EQ(Flags(), (std::array{false, true, false, true}));
+  windows().Unload("frmPostupny");
+  EXPECT_EQ(Flags(), (std::array{false, false, false, false}));
+  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kProgressive);
+  EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmMenuTest, NewProgressiveWindowHasNothingOfTheSingleCalculationToPrintOrCopy) {
+  Start();
+  FinishSingle();
+  menu_->mnuTiskVypoctu.UserClick();
+  menu_->mnuPostupnyVypocet.UserClick();  // before the print's timer
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(memory_.printer.asked, IsEmpty());
+  memory_.clipboard.text = "starý";
+  menu_->mnuKopirovat.UserClick();
+  menu_->mnuTiskVypoctu.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre(kNotComplete, kRefusedPrint));
+  EXPECT_EQ(memory_.clipboard.text, "starý");
+}
+
+TEST_F(frmMenuTest, PendingRepoPaymentIsDroppedWhenTheSingleWindowOpens) {
+  Start();
+  frmPostupny& progressive = PayProgressive("4000");
+  progressive.cmdNovy.UserClick();
+  progressive.cboDruhSazby.UserPick(5);
+  progressive.txtData[0].UserEdit("10000");
+  progressive.txtData[1].UserEdit("10000");
+  progressive.cmdPridat.UserClick();
+  FinishSingle();
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(Shown(), IsEmpty());
+  EXPECT_EQ(state().InterestAmount, 1000) << "of the single calculation";
+  EXPECT_EQ(Flags(), (std::array{true, false, true, true}));
 }
 
 TEST_F(frmMenuTest, InvoiceOpensForAFinishedCalculation) {

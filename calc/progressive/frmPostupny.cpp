@@ -17,7 +17,15 @@ constexpr std::size_t kTotal = 0;
 constexpr std::size_t kPayment = 1;
 constexpr std::size_t kRate = 2;
 
-constexpr std::string_view kWrongDates = "Datum zaplacení je chybně zadáno";
+/// What a payment adds to the list of interest: one row, in the repo regime one for each period.
+std::vector<std::string> InterestRows(const Payment& payment, const ui::LocaleFormat& locale) {
+  if (payment.periods.empty()) return {PlainText(payment.interest, locale)};
+  std::vector<std::string> rows;
+  for (const InterestPeriod& period : payment.periods) {
+    rows.push_back(FixedText(period.interest, 4, locale));
+  }
+  return rows;
+}
 
 }  // namespace
 
@@ -82,11 +90,6 @@ std::optional<FinishedCalculation> frmPostupny::finished() const {
   return &result_;
 }
 
-bool frmPostupny::Refuse(std::string_view message) {
-  Message(ui::Icon::kCritical, message);
-  return false;
-}
-
 bool frmPostupny::Refuse(std::string_view message, ui::TextBox& box) {
   Message(ui::Icon::kCritical, message);
   box.SetFocus();
@@ -108,11 +111,8 @@ void frmPostupny::cmdPridat_Click() {
 }
 
 bool frmPostupny::ReadInputs() {
-  CalculationState& state = program_.state;
   const ui::LocaleFormat& locale = program_.platform.locale;
-  state.DueDate = dtpSplatnost.day();
-  state.PaymentDate = dtpZaplaceni.day();
-  if (state.DueDate >= state.PaymentDate) return Refuse(kWrongDates);
+  if (!TakeDates()) return false;
   if (txtData[kTotal].text().empty()) {
     return Refuse("Nezadali jste částku dluhu!", txtData[kTotal]);
   }
@@ -138,37 +138,13 @@ void frmPostupny::LockInvoice() {
 void frmPostupny::UdelejVypocet() {
   Guarded("UdelejVypocet", [this] {
     CalculationState& state = program_.state;
-    const ui::LocaleFormat& locale = program_.platform.locale;
-
-    const Date due_date = dtpSplatnost.day();
-    const Date payment_date = dtpZaplaceni.day();
-    state.PaymentDate = payment_date;
-    state.DueDate = due_date;
-    SwitchRegime();
-    if (due_date >= payment_date) {
-      Message(ui::Icon::kCritical, kWrongDates);
-      return;
-    }
-    state.DaysLate = DaysBetween(due_date, payment_date);
-    if (!IsNumeric(txtData[kTotal].text(), locale)) return;
-    state.BaseAmount = ToMoney(txtData[kTotal].text(), locale);
+    if (!TakeDelay() || !TakeAmountAndRate(txtData[kTotal], txtData[kRate])) return;
     const RateKind kind = Kind();
-    state.RateKindText = cboDruhSazby.text();
-    if (!IsBankKind(kind)) {
-      if (!IsNumeric(txtData[kRate].text(), locale)) return;
-      state.RateValue = ToRate(txtData[kRate].text(), locale);
-    }
-
     if (kind == RateKind::kRepo) {
-      bank_rates_->StartRepo(due_date, payment_date, PaymentAmount);
+      bank_rates_->StartRepo(dtpSplatnost.day(), dtpZaplaceni.day(), PaymentAmount);
       return;
     }
-    if (kind == RateKind::kDiscount) {
-      const std::optional<Rate> rate = bank_rates_->DiscountRate(due_date);
-      if (!rate) return;
-      state.RateValue = *rate;
-      txtData[kRate].SetText(PlainText(*rate, locale));
-    }
+    if (kind == RateKind::kDiscount && !TakeDiscountRate(txtData[kRate])) return;
     // A kind that nobody knows computes nothing: the interest of the payment before stands.
     if (kind != RateKind::kUnknown) {
       state.InterestAmount =
@@ -187,11 +163,10 @@ void frmPostupny::tmrRepo_Timer() {
 
 void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
   CalculationState& state = program_.state;
-  const ui::LocaleFormat& locale = program_.platform.locale;
 
   state.InterestAmount = RoundInterest(state.InterestAmount);
   state.AmountWithInterest = state.BaseAmount + Money::FromDouble(state.InterestAmount);
-  RemainingBalance = DebtAmount - PaymentAmount;
+  const Money balance = DebtAmount - PaymentAmount;
   if (PaymentAmount > DebtAmount) {
     Message(ui::Icon::kCritical, "Nesprávně zadaná hodnota částečné platby !");
     txtData[kPayment].SetText("");
@@ -203,16 +178,9 @@ void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
   payment.date = state.PaymentDate.value();
   payment.days = state.DaysLate;
   payment.amount = PaymentAmount;
-  payment.balance = RemainingBalance;
+  payment.balance = balance;
   payment.interest = state.InterestAmount;
   payment.periods = std::move(periods);
-  // The rows count as they are listed.
-  if (payment.periods.empty()) {
-    payment.interest_sum = ToMoney(PlainText(payment.interest, locale), locale);
-  }
-  for (const InterestPeriod& period : payment.periods) {
-    payment.interest_sum += Money::FromDouble(period.interest);
-  }
   RecordPayment(std::move(payment));
 }
 
@@ -229,7 +197,11 @@ void frmPostupny::RecordPayment(Payment payment) {
   CalculationState& state = program_.state;
   const ui::LocaleFormat& locale = program_.platform.locale;
 
-  result_.total += payment.interest_sum;  // first, for it may overflow
+  // The total counts the rows as they are listed. It comes first, for it may overflow.
+  const std::vector<std::string> rows = InterestRows(payment, locale);
+  for (const std::string& row : rows) payment.interest_sum += ToMoney(row, locale);
+  result_.total += payment.interest_sum;
+
   result_.due_date = state.DueDate.value();
   result_.kind = RateKindOf(state.RateKindText);
   result_.kind_text = state.RateKindText;
@@ -244,10 +216,7 @@ void frmPostupny::RecordPayment(Payment payment) {
     cmdTiskVyp.SetFocus();
     cmdPridat.SetEnabled(false);
   }
-  if (payment.periods.empty()) List4.AddItem(PlainText(payment.interest, locale));
-  for (const InterestPeriod& period : payment.periods) {
-    List4.AddItem(FixedText(period.interest, 4, locale));
-  }
+  for (const std::string& row : rows) List4.AddItem(row);
   ShowTotal(payment.interest);
   result_.payments.push_back(std::move(payment));
   if (state.CalculationFinished) AppendReport(ClosingReport(result_, locale));
@@ -289,6 +258,7 @@ void frmPostupny::cmdNovy_Click() {
   CancelRepo();
   program_.state.CalculationFinished = false;
   result_ = {};
+  DebtAmount = PaymentAmount = Money();
   ClearResults();
   ClearTotals();
   for (ui::TextBox& box : txtData) box.SetText("");

@@ -56,7 +56,7 @@ class frmPostupny final : public CalculationForm {
   bool ReadInputs();
   /// From the first payment on only payments can be entered.
   void LockInvoice();
-  bool Refuse(std::string_view message);
+  /// Tells what is wrong with a box, and returns false.
   bool Refuse(std::string_view message, ui::TextBox& box);
 
   /// Rounds the interest of the payment and records it, unless it is more than the balance.
@@ -72,7 +72,6 @@ class frmPostupny final : public CalculationForm {
   // The payment being added.
   Money DebtAmount;  ///< the balance before it
   Money PaymentAmount;
-  Money RemainingBalance;
 
   ProgressiveResult result_;
 };

@@ -111,49 +111,27 @@ void frmJednotlivy::txtDluznaCastka_Change() {
 void frmJednotlivy::VypocitejJednotlivy() {
   Guarded("VypocitejJednotlivy", [this] {
     CalculationState& state = program_.state;
-    const ui::LocaleFormat& locale = program_.platform.locale;
-
-    const Date due_date = dtpSplatnost.day();
-    const Date payment_date = dtpZaplaceni.day();
-    state.PaymentDate = payment_date;
-    state.DueDate = due_date;
-    SwitchRegime();
-    if (due_date >= payment_date) {
-      Message(ui::Icon::kCritical, "Datum zaplacení je chybně zadáno");
-      return;
-    }
-    state.DaysLate = DaysBetween(due_date, payment_date);
+    if (!TakeDelay()) return;
     lblPocetDnu.SetCaption(std::to_string(state.DaysLate));
-
-    if (!IsNumeric(txtDluznaCastka.text(), locale)) return;
-    state.BaseAmount = ToMoney(txtDluznaCastka.text(), locale);
-    const RateKind kind = Kind();
-    state.RateKindText = cboDruhSazby.text();
-    if (!IsBankKind(kind)) {
-      if (!IsNumeric(txtVyseSazby.text(), locale)) return;
-      state.RateValue = ToRate(txtVyseSazby.text(), locale);
-    }
+    if (!TakeAmountAndRate(txtDluznaCastka, txtVyseSazby)) return;
 
     CancelRepo();
+    const RateKind kind = Kind();
     SingleResult inputs;
-    inputs.due_date = due_date;
-    inputs.payment_date = payment_date;
+    inputs.due_date = dtpSplatnost.day();
+    inputs.payment_date = dtpZaplaceni.day();
     inputs.days = state.DaysLate;
     inputs.base_amount = state.BaseAmount;
     inputs.kind = kind;
     if (kind == RateKind::kRepo) {
-      if (!bank_rates_->StartRepo(due_date, payment_date)) return;
+      if (!bank_rates_->StartRepo(inputs.due_date, inputs.payment_date)) return;
       // Until tmrRepo runs, on the next turn of the loop, the labels show the previous interest.
       pending_ = std::move(inputs);
       ShowInterest(state.InterestAmount, state.BaseAmount);
       return;
     }
-    if (kind == RateKind::kDiscount) {
-      const std::optional<Rate> rate = bank_rates_->DiscountRate(due_date);
-      if (!rate) return;
-      txtVyseSazby.SetText(PlainText(*rate, locale));  // a new text computes once within
-      state.RateValue = *rate;
-    }
+    // A new rate in the box computes once within.
+    if (kind == RateKind::kDiscount && !TakeDiscountRate(txtVyseSazby)) return;
     inputs.rate = state.RateValue;
     ShowInterest(Interest(kind, state.BaseAmount.ToDouble(), inputs.rate, inputs.days),
                  inputs.base_amount);
