@@ -44,7 +44,7 @@ void frmJednotlivy::WireEvents() {
   OnClick(cmdNovy, [this] { cmdNovy_Click(); });
   OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
   OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
-  OnClick(cmdHelp, [this] { OpenHelp(program_, HelpTopic::kSingle); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_, help_topic()); });
   OnClick(cmdKonec, [this] { Close(); });
   OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
   OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });

@@ -53,6 +53,7 @@ class frmJednotlivy final : public Form, public CalculationWindow {
  private:
   void OnLoad() override;
   void OnUnload() override;
+  std::optional<HelpTopic> help_topic() const override { return HelpTopic::kSingle; }
 
   void WireEvents();
   void WireHints();

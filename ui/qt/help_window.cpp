@@ -12,6 +12,7 @@ namespace velta::qt {
 namespace {
 
 constexpr int kPageRole = Qt::UserRole;  // the address of an entry's page; headings have none
+constexpr int kContentsWidth = 316;
 
 }  // namespace
 
@@ -19,6 +20,7 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmFile> file, const QString& page)
     : file_(std::move(file)), ui_(std::make_unique<Ui::HelpWindow>()) {
   ui_->setupUi(this);
   setAttribute(Qt::WA_DeleteOnClose);
+  ui_->panes->setSizes({kContentsWidth, width() - kContentsWidth});
   ui_->page->SetFile(*file_);
   FillContents();
   Wire();

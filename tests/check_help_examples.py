@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Plays the worked examples of the help's pages on the program and compares the figures.
 
-  play_examples.py VELTA-SCENARIO
+  check_help_examples.py VELTA-SCENARIO
 
 An example is a table of the class "priklad". Each row is a label and what is entered there or comes out. In a
 single calculation every column is a case of its own; in a progressive one ("Celková částka") every column is a
@@ -15,7 +15,7 @@ import re
 import subprocess
 import sys
 
-FOLDER = pathlib.Path(__file__).resolve().parent
+HELP = pathlib.Path(__file__).resolve().parent.parent / "help"
 KINDS = ["% denně", "% ročně", "‰ denně", "‰ ročně", "Dle Diskontní sazby ČNB", "Dle Repo sazby ČNB"]
 ROUNDINGS = {"Nezaokrouhlovat": "NE", "Na 10 hal nahoru": "halere", "Na korunu nahoru": "koruny"}
 ROUNDING = "Zaokrouhlení částky penále"
@@ -168,7 +168,7 @@ def main(arguments):
     known.update(SINGLE_INPUTS, SINGLE_RESULTS, INVOICE_INPUTS, PAYMENT_INPUTS, PAYMENT_RESULTS)
     played = 0
     wrong = 0
-    for page in sorted(FOLDER.glob("*.html")):
+    for page in sorted(HELP.glob("*.html")):
         for position, table in enumerate(Examples(page).tables, 1):
             cases = [progressive_case(table)] if "Celková částka" in table else single_cases(table)
             mistakes = [f'unknown row "{label}"' for label in table if label not in known]
