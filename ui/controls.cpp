@@ -174,9 +174,10 @@ bool OptionButton::UserClick() {
 }
 
 bool OptionButton::passed_by_tab() const {
-  if (value_) return false;
   const std::vector<OptionButton*> group = Group();
-  return std::any_of(group.begin(), group.end(), [](const auto* option) { return option->value_; });
+  const auto chosen =
+      std::find_if(group.begin(), group.end(), [](const auto* option) { return option->value_; });
+  return this != (chosen == group.end() ? group.front() : *chosen);
 }
 
 std::vector<OptionButton*> OptionButton::Group() const {

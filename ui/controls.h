@@ -84,7 +84,8 @@ class Control {
 
   /// True where the keyboard can come to the control now.
   bool CanTakeFocus() const { return takes_focus() && open_to_user(); }
-  /// True where Tab stops now. In a group of options that is the chosen one only.
+  /// True where Tab stops now. In a group of options that is the chosen one only, or the first
+  /// while none is chosen.
   bool IsTabStop() const { return CanTakeFocus() && !passed_by_tab(); }
   /// Moves the keyboard here; nothing happens where the control can't take it or already has it.
   void SetFocus();

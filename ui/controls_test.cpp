@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/day.h"
@@ -129,6 +131,171 @@ TEST_F(ControlsTest, DropDownChoosesByIndex) {
   EXPECT_EQ(list.index(), 1);
   list.SetIndex(0);
   EXPECT_EQ(list.text(), "první");
+}
+
+TEST_F(ControlsTest, OnlyAnEditableDropDownTakesTypedText) {
+  DropDown list(window_, "cboVzor");
+  list.AddItem("první");
+  EXPECT_FALSE(list.UserEdit("první"));
+  EXPECT_EQ(list.index(), -1);
+  list.SetEditable();
+  list.SetEnabled(false);
+  EXPECT_FALSE(list.UserEdit("první"));
+  list.SetEnabled(true);
+  EXPECT_TRUE(list.UserEdit("jiná\r\n"));
+  EXPECT_EQ(list.text(), "jiná");
+}
+
+TEST_F(ControlsTest, IndexOfAnEditableDropDownFollowsItsText) {
+  DropDown list(window_, "cboVzor");
+  list.SetEditable();
+  for (const char* item : {"první", "druhá"}) list.AddItem(item);
+  std::vector<std::pair<std::string, int>> changes;
+  list.Change.Connect([&] { changes.emplace_back(list.text(), list.index()); });
+  EXPECT_TRUE(list.UserEdit("druh"));
+  EXPECT_TRUE(list.UserEdit("druhá"));
+  EXPECT_TRUE(list.UserPick(1));  // it is the chosen one already
+  EXPECT_TRUE(list.UserEdit("DRUHÁ"));
+  EXPECT_TRUE(list.UserPick(1));
+  list.SetText("částka Kč denně");
+  list.SetText("první");
+  list.SetIndex(-1);
+  EXPECT_EQ(changes, (std::vector<std::pair<std::string, int>>{{"druh", -1},
+                                                               {"druhá", 1},
+                                                               {"DRUHÁ", -1},
+                                                               {"druhá", 1},
+                                                               {"částka Kč denně", -1},
+                                                               {"první", 0},
+                                                               {"", -1}}));
+}
+
+TEST_F(ControlsTest, ListBoxChoosesARowOrNone) {
+  ListBox list(window_, "lstVzor");
+  for (const char* item : {"5000", "5000", "7000"}) list.AddItem(item);
+  std::vector<int> chosen;
+  list.Change.Connect([&] { chosen.push_back(list.index()); });
+  EXPECT_TRUE(list.UserPick(1)) << "rows may be alike";
+  EXPECT_TRUE(list.UserPick(1));
+  list.SetIndex(2);
+  list.SetIndex(-1);
+  EXPECT_EQ(chosen, (std::vector<int>{1, 2, -1}));
+  list.SetVisible(false);
+  EXPECT_FALSE(list.UserPick(0));
+  EXPECT_EQ(list.index(), -1);
+}
+
+TEST_F(ControlsTest, RowsThatComeAndGoAreDrawnButChooseNothing) {
+  ListBox list(window_, "lstVzor");
+  std::vector<Aspect> drawn;
+  int changes = 0;
+  list.Updated.Connect([&](Aspect aspect) { drawn.push_back(aspect); });
+  list.Change.Connect([&] { ++changes; });
+  list.AddItem("první");
+  EXPECT_EQ(drawn, (std::vector<Aspect>{Aspect::kItems}));
+  EXPECT_EQ(list.index(), -1);
+  list.SetIndex(0);
+  ASSERT_EQ(changes, 1);
+  drawn.clear();
+  list.Clear();
+  EXPECT_EQ(drawn, (std::vector<Aspect>{Aspect::kItems}));
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(list.index(), -1);
+  EXPECT_TRUE(list.items().empty());
+}
+
+class OptionsTest : public ControlsTest {
+ protected:
+  OptionsTest() {
+    for (OptionButton* option : {&zaok_[0], &zaok_[1], &zaok_[2], &stranka_}) {
+      option->Click.Connect([this, option] { clicked_.push_back(option->name()); });
+      option->Updated.Connect([this, option](Aspect) { drawn_.push_back(option->name()); });
+    }
+  }
+  /// The chosen options of the group, by their indexes.
+  std::vector<int> Chosen() const {
+    std::vector<int> chosen;
+    for (int i = 0; i < 3; ++i) {
+      if (zaok_[static_cast<std::size_t>(i)].value()) chosen.push_back(i);
+    }
+    return chosen;
+  }
+
+  std::array<OptionButton, 3> zaok_ = ControlArray<OptionButton, 3>(window_, "optZaok");
+  Label label_{window_, "optZaokPopis"};
+  OptionButton stranka_{window_, "optZaokrouhlit"};
+  std::vector<std::string> clicked_;
+  std::vector<std::string> drawn_;
+};
+
+TEST_F(OptionsTest, AtMostOneOfAGroupIsChosen) {
+  EXPECT_EQ(Chosen(), std::vector<int>{}) << "none at first";
+  stranka_.Choose();
+  zaok_[2].Choose();
+  EXPECT_EQ(Chosen(), std::vector<int>{2});
+  zaok_[0].Choose();
+  EXPECT_EQ(Chosen(), std::vector<int>{0});
+  EXPECT_TRUE(stranka_.value()) << "it is of another group";
+  EXPECT_EQ(clicked_, std::vector<std::string>{}) << "the program chose";
+}
+
+TEST_F(OptionsTest, UsersChoiceIsOneClickAndTheNextOneNone) {
+  EXPECT_TRUE(zaok_[1].UserClick());
+  EXPECT_TRUE(zaok_[1].UserClick());
+  EXPECT_EQ(Chosen(), std::vector<int>{1});
+  EXPECT_EQ(clicked_, std::vector<std::string>{"optZaok(1)"});
+  zaok_[0].SetEnabled(false);
+  EXPECT_FALSE(zaok_[0].UserClick());
+  EXPECT_EQ(Chosen(), std::vector<int>{1});
+}
+
+TEST_F(OptionsTest, OnlyWhatHasChangedIsDrawnAnew) {
+  zaok_[0].Choose();
+  drawn_.clear();
+  zaok_[2].Choose();
+  zaok_[2].Choose();
+  EXPECT_EQ(drawn_, (std::vector<std::string>{"optZaok(0)", "optZaok(2)"}));
+}
+
+TEST_F(OptionsTest, ClickHandlerFindsTheChoiceMade) {
+  std::vector<int> seen;
+  zaok_[2].Click.Connect([&] { seen = Chosen(); });
+  zaok_[2].UserClick();
+  EXPECT_EQ(seen, std::vector<int>{2});
+}
+
+TEST_F(OptionsTest, TabStopsAtTheChosenOptionOrElseAtTheFirst) {
+  const auto stops = [this] {
+    std::vector<std::string> names;
+    for (const Control* control : window_.controls()) {
+      if (control->IsTabStop()) names.push_back(control->name());
+    }
+    return names;
+  };
+  EXPECT_EQ(stops(), (std::vector<std::string>{"optZaok(0)", "optZaokrouhlit"}));
+  zaok_[2].Choose();
+  EXPECT_EQ(stops(), (std::vector<std::string>{"optZaok(2)", "optZaokrouhlit"}));
+  zaok_[1].SetFocus();
+  EXPECT_EQ(window_.focused(), &zaok_[1]) << "a click may lead the keyboard to any";
+}
+
+TEST_F(ControlsTest, FrameHidesWhatItHolds) {
+  Frame page(window_, "fraStrana");
+  Frame box(window_, "fraRamec");
+  std::array<TextBox, 2> data = ControlArray<TextBox, 2>(window_, "txtData");
+  TextBox beside(window_, "txtVedle");
+  page.Hold({&box});
+  box.Hold(data);
+  EXPECT_TRUE(data[0].visible());
+  page.SetVisible(false);
+  EXPECT_FALSE(data[0].visible());
+  EXPECT_TRUE(data[0].shown());
+  EXPECT_FALSE(data[1].UserEdit("x"));
+  EXPECT_FALSE(data[1].CanTakeFocus());
+  EXPECT_TRUE(beside.visible());
+  data[1].SetVisible(false);
+  page.SetVisible(true);
+  EXPECT_TRUE(data[0].visible());
+  EXPECT_FALSE(data[1].visible());
 }
 
 TEST_F(ControlsTest, DatePickerKeepsToItsRange) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,41 @@ TEST_F(WindowTest, DisablingTheFocusedControlMovesTheFocusOn) {
   window_.txtUdaj[1].SetEnabled(false);
   EXPECT_EQ(window_.focused(), &window_.cmdKonec);
   EXPECT_EQ(focused_.back(), "cmdKonec");
+}
+
+TEST_F(WindowTest, FocusLeavesAControlWhoseFrameIsHidden) {
+  Frame page(window_, "fraStrana");
+  Frame box(window_, "fraRamec");
+  page.Hold({&box});
+  box.Hold(window_.txtUdaj);
+  window_.txtUdaj[0].SetFocus();
+  page.SetVisible(false);
+  EXPECT_EQ(window_.focused(), &window_.cmdKonec);
+  window_.txtJmeno.SetFocus();
+  page.SetVisible(true);
+  page.SetVisible(false);
+  EXPECT_EQ(window_.focused(), &window_.txtJmeno) << "it was elsewhere";
+}
+
+TEST_F(WindowTest, FocusPassesOverTheOptionsThatAreNotChosen) {
+  std::array<OptionButton, 2> options = ControlArray<OptionButton, 2>(window_, "optVzor");
+  options[1].Choose();
+  window_.cmdKonec.SetFocus();
+  window_.FocusNext();
+  EXPECT_EQ(window_.focused(), &options[1]);
+  window_.FocusNext();
+  EXPECT_EQ(window_.focused(), &window_.txtJmeno);
+}
+
+TEST_F(WindowTest, ReadFirstPutsTheseInFrontAndLeavesTheOthersInTheirOrder) {
+  window_.ReadFirst({&window_.cmdKonec, &window_.txtUdaj[0]});
+  std::vector<std::string> names;
+  for (const Control* control : window_.controls()) names.push_back(control->name());
+  EXPECT_EQ(names, (std::vector<std::string>{"cmdKonec", "txtUdaj(0)", "lblJmeno", "txtJmeno",
+                                             "txtUdaj(1)"}));
+  window_.FocusFirst();
+  window_.FocusNext();
+  EXPECT_EQ(focused_, (std::vector<std::string>{"cmdKonec", "txtUdaj(0)"}));
 }
 
 TEST_F(WindowTest, TheLastControlToBeDisabledLeavesNoFocus) {

@@ -52,6 +52,65 @@ TEST(PageTest, TextBeyondTheLastColumnGoesOnInTheNextLine) {
   EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(88, ' ') + "ab", "cd", "e"}));
 }
 
+TEST(PageTest, TabsGoToTheNextEighthColumn) {
+  Page page("");
+  page.Write("\ta\tb");
+  page.EndLine();
+  page.Write("žluťoučk\t|");  // columns 1 to 8: the next stop is a whole width on
+  page.EndLine();
+  page.Write("1234567\t|\t\t|");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{"        a       b", "žluťoučk        |",
+                                                   "1234567 |               |"}));
+}
+
+TEST(PageTest, TabBeyondTheLastStopGoesToTheNextLine) {
+  Page page("");
+  page.MoveTo(89);  // the last stop
+  page.Write("\tx");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(90, ' '), "x"}));
+}
+
+TEST(PageTest, WritesLinesAsTheirTextEndsThem) {
+  struct Row {
+    const char* text;
+    std::vector<std::string> lines;
+  };
+  const Row rows[] = {
+      {"", {}},
+      {"\r\n", {""}},
+      {"jeden\r\ndva\r\n", {"jeden", "dva"}},
+      {"jeden\ndva", {"jeden", "dva"}},
+      {"jeden\r\n\r\n\ttři", {"jeden", "", "        tři"}},
+  };
+  for (const Row& row : rows) {
+    Page page("");
+    page.WriteLines(row.text);
+    EXPECT_EQ(Lines(page), row.lines) << row.text;
+  }
+}
+
+TEST(PageTest, LinesWrittenAtOnceGoOnFromTheLineThatHasBegun) {
+  Page page("");
+  page.Write("Postup: ");
+  page.WriteLines("první\r\ndruhý\r\n");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{"Postup: první", "druhý"}));
+}
+
+TEST(PageTest, BoldIsALineThatEndsWhileItIsOn) {
+  Page page("");
+  page.Write("obyčejný");
+  page.EndLine();
+  page.SetBold(true);
+  page.Write("tučný");
+  page.EndLine();
+  page.WriteLines("také\r\n");
+  page.SetBold(false);
+  page.Write("zas obyčejný");
+  std::vector<bool> bold;
+  for (const ui::PrintedLine& line : page.Take().lines) bold.push_back(line.bold);
+  EXPECT_EQ(bold, (std::vector<bool>{false, true, true, false}));
+}
+
 TEST(PageTest, FullLineIsNotFollowedByAnEmptyOne) {
   Page page("");
   page.Write(std::string(90, 'x'));

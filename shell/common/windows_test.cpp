@@ -60,12 +60,17 @@ class SampleForm final : public Form {
     log_.push_back(name() + " unload");
     if (on_unload) on_unload();
   }
+  void OnOpenedAgain() override {
+    log_.push_back(name() + " opened again");
+    if (on_opened_again) on_opened_again();
+  }
 
   ui::TextBox txtUdaj{*this, "txtUdaj"};
   ui::Button cmdKonec{*this, "cmdKonec"};
   ui::Button cmdChyba{*this, "cmdChyba"};
   static inline std::function<void()> on_load;
   static inline std::function<void()> on_unload;
+  static inline std::function<void()> on_opened_again;
 
  private:
   std::vector<std::string>& log_;
@@ -76,6 +81,7 @@ class WindowsTest : public ::testing::Test {
   WindowsTest() {
     SampleForm::on_load = nullptr;
     SampleForm::on_unload = nullptr;
+    SampleForm::on_opened_again = nullptr;
     program_.status.Attach(&lblMSG_);
     for (const char* name : {"frmA", "frmB", "frmC"}) {
       windows().Register(
@@ -110,9 +116,16 @@ TEST_F(WindowsTest, OpenAgainBringsTheSameWindowToTheFront) {
   windows().Open("frmB");
   log().clear();
   windows().Open("frmA");
-  EXPECT_THAT(log(), ElementsAre("frmA show", "frmA activate"));
+  EXPECT_THAT(log(), ElementsAre("frmA show", "frmA activate", "frmA opened again"));
   EXPECT_EQ(windows().Find("frmA"), first);
   EXPECT_EQ(windows().active(), first);
+}
+
+TEST_F(WindowsTest, ErrorOfAWindowOpenedAgainIsTheCallers) {
+  windows().Open("frmA");
+  SampleForm::on_opened_again = [] { throw Error(ErrorNumber::kTypeMismatch); };
+  EXPECT_THROW(windows().Open("frmA"), Error);
+  EXPECT_THAT(memory_.message_box.shown, ElementsAre());
 }
 
 TEST_F(WindowsTest, UnknownWindowIsABadArgument) {

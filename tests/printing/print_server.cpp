@@ -134,6 +134,7 @@ void PrintServer::AddQueue(const QString& name) {
 }
 
 void PrintServer::RemoveQueue(const QString& name) { EXPECT_TRUE(Run("lpadmin", {"-x", name})); }
+void PrintServer::MakeDefault(const QString& queue) { EXPECT_TRUE(Run("lpadmin", {"-d", queue})); }
 void PrintServer::Reject(const QString& queue) { EXPECT_TRUE(Run("cupsreject", {queue})); }
 void PrintServer::Accept(const QString& queue) { EXPECT_TRUE(Run("cupsaccept", {queue})); }
 

@@ -25,6 +25,8 @@ class PrintServer {
 
   void AddQueue(const QString& name);
   void RemoveQueue(const QString& name);
+  /// None is the default one at first, and none again when that queue is removed.
+  void MakeDefault(const QString& queue);
   void Reject(const QString& queue);
   void Accept(const QString& queue);
 

@@ -220,6 +220,53 @@ TEST_F(PrintingTest, PrintsFromTheMainMenuToo) {
   EXPECT_THAT(LinesOfLastJob(), Contains(Row("Úrok z prodlení", "98,63 Kč")));
 }
 
+class DefaultPrinterTest : public PrintingTest {
+ protected:
+  void TearDown() override {
+    if (!server_->Start()) return;
+    server_->RemoveQueue(kSecond);
+    server_->AddQueue(kSecond);
+  }
+
+  const ui::PrintedDocument invoice_{"Faktura", "Courier New CE", 10, {{"Penalizační faktura"}}};
+};
+
+TEST_F(DefaultPrinterTest, TakesOneCopyWithoutAQuestion) {
+  server_->MakeDefault(kSecond);
+  WillAnswer([](QPrintDialog&) { FAIL() << "the user was asked"; });
+  const auto job = qt_.printer.Default(invoice_.name);
+  ASSERT_NE(job, nullptr);
+  EXPECT_EQ(job->copies(), 1);
+  ASSERT_TRUE(job->Print(invoice_));
+  ASSERT_EQ(NewJobs(), 1);
+  const qsizetype last = server_->Jobs().size() - 1;
+  EXPECT_EQ(server_->QueueOf(last), kSecond);
+  EXPECT_EQ(server_->CopiesOf(last), 1);
+  EXPECT_THAT(LinesOfLastJob(), ElementsAre("Penalizační faktura"));
+}
+
+TEST_F(DefaultPrinterTest, WhereThereIsNoneTheUserChooses) {
+  WillAnswer(PrintOn(kSecond, 2));
+  const auto job = qt_.printer.Default(invoice_.name);
+  ASSERT_NE(job, nullptr);
+  EXPECT_EQ(job->copies(), 2);
+  ASSERT_TRUE(job->Print(invoice_));
+  ASSERT_EQ(NewJobs(), 1);
+  EXPECT_EQ(server_->QueueOf(server_->Jobs().size() - 1), kSecond);
+
+  WillAnswer([](QPrintDialog& dialog) { Press(dialog, "Zrušit"); });
+  EXPECT_EQ(qt_.printer.Default(invoice_.name), nullptr);
+}
+
+TEST_F(DefaultPrinterTest, ThatFailsPrintsNothingAndTheDialogStaysAway) {
+  server_->MakeDefault(kSecond);
+  const auto job = qt_.printer.Default(invoice_.name);
+  ASSERT_NE(job, nullptr);
+  server_->Reject(kSecond);
+  EXPECT_FALSE(job->Print(invoice_));
+  EXPECT_EQ(NewJobs(), 0);
+}
+
 /// A printer that is there when the dialog opens and fails before the job comes.
 struct Fault {
   const char* name;

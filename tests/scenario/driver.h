@@ -41,12 +41,14 @@ class Driver {
   virtual bool Choose(ui::MenuItem& item) = 0;
   virtual bool Click(ui::Button& button) = 0;
   /// Types at the end of the text, key by key; "\r" is Enter, "\t" the Tab key. After a key that
-  /// moves the keyboard the rest goes to where it is then; what is no text box drops it, but a
-  /// button takes Enter for a click.
-  virtual bool Type(ui::TextBox& box, std::string_view text) = 0;
+  /// moves the keyboard the rest goes to where it is then; what takes no text drops it, but a
+  /// button takes Enter for a click. `input` is a text box or an editable drop-down list.
+  virtual bool Type(ui::Control& input, std::string_view text) = 0;
   /// Replaces the whole text in one change.
-  virtual bool Paste(ui::TextBox& box, std::string_view text) = 0;
-  virtual bool Pick(ui::DropDown& list, int index) = 0;
+  virtual bool Paste(ui::Control& input, std::string_view text) = 0;
+  /// False too where there is no such row.
+  virtual bool Pick(ui::ListControl& list, int index) = 0;
+  virtual bool Pick(ui::OptionButton& option) = 0;
   virtual bool PickDay(ui::DatePicker& picker, std::chrono::sys_days day) = 0;
   /// False too where the control never takes the keyboard.
   virtual bool Focus(ui::Control& control) = 0;

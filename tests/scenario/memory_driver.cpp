@@ -39,24 +39,32 @@ class MemoryDriver final : public Driver {
     return true;
   }
 
-  bool Type(ui::TextBox& box, std::string_view text) override {
-    if (!IsOpenToUser(box)) return false;
-    MoveFocus(box);
+  bool Type(ui::Control& input, std::string_view text) override {
+    if (!IsOpenToUser(input)) return false;
+    MoveFocus(input);
     while (!text.empty()) PressKey(TakeCharacter(text));
     return true;
   }
 
-  bool Paste(ui::TextBox& box, std::string_view text) override {
-    if (!IsOpenToUser(box)) return false;
-    MoveFocus(box);
-    box.UserEdit(text);
+  bool Paste(ui::Control& input, std::string_view text) override {
+    if (!IsOpenToUser(input)) return false;
+    MoveFocus(input);
+    if (auto* const box = dynamic_cast<ui::TextBox*>(&input)) box->UserEdit(text);
+    if (auto* const list = dynamic_cast<ui::DropDown*>(&input)) list->UserEdit(text);
     return true;
   }
 
-  bool Pick(ui::DropDown& list, int index) override {
+  bool Pick(ui::ListControl& list, int index) override {
     if (!IsOpenToUser(list) || index >= static_cast<int>(list.items().size())) return false;
     MoveFocus(list);
     list.UserPick(index);
+    return true;
+  }
+
+  bool Pick(ui::OptionButton& option) override {
+    if (!IsOpenToUser(option)) return false;
+    MoveFocus(option);
+    option.UserClick();
     return true;
   }
 
@@ -121,6 +129,10 @@ class MemoryDriver final : public Driver {
       if (character == "\r") button->UserClick();
       return;
     }
+    if (auto* const list = dynamic_cast<ui::DropDown*>(focused)) {
+      if (character != "\r") list->UserEdit(list->text() + std::string(character));
+      return;
+    }
     auto* const box = dynamic_cast<ui::TextBox*>(focused);
     ui::KeyPress key{std::string(character)};
     if (box == nullptr || !box->UserKey(key) || key.text.empty() || key.text == "\r") return;
@@ -141,16 +153,17 @@ class ValueReader final : public ui::ControlVisitor {
   void Visit(ui::Button& control) override { ReadCaption(control); }
   void Visit(ui::DatePicker& control) override { value = Value::Day(control.day()); }
   void Visit(ui::DropDown& control) override {
-    const std::vector<std::string>& items = control.items();
-    const auto index = static_cast<std::size_t>(property_.index);
+    ReadRows(control);
     if (property_.name == "text") value = Value::Text(control.text());
-    if (property_.name == "index") value = Value::Number(control.index());
-    if (property_.name == "count") value = Value::Number(static_cast<int>(items.size()));
-    if (property_.name == "item" && index < items.size()) value = Value::Text(items[index]);
   }
   void Visit(ui::Frame& control) override { ReadCaption(control); }
   void Visit(ui::Label& control) override { ReadCaption(control); }
+  void Visit(ui::ListBox& control) override { ReadRows(control); }
   void Visit(ui::MenuItem& control) override { ReadCaption(control); }
+  void Visit(ui::OptionButton& control) override {
+    ReadCaption(control);
+    if (property_.name == "value") value = Value::Truth(control.value());
+  }
   void Visit(ui::TextBox& control) override { value = Value::Text(control.text()); }
   void Visit(ui::TimerControl&) override {}
 
@@ -158,6 +171,14 @@ class ValueReader final : public ui::ControlVisitor {
 
  private:
   void ReadCaption(const ui::CaptionedControl& control) { value = Value::Text(control.caption()); }
+
+  void ReadRows(const ui::ListControl& control) {
+    const std::vector<std::string>& items = control.items();
+    const auto index = static_cast<std::size_t>(property_.index);
+    if (property_.name == "index") value = Value::Number(control.index());
+    if (property_.name == "count") value = Value::Number(static_cast<int>(items.size()));
+    if (property_.name == "item" && index < items.size()) value = Value::Text(items[index]);
+  }
 
   const Property& property_;
 };

@@ -15,10 +15,14 @@ class KindVisitor final : public ui::ControlVisitor {
  public:
   void Visit(ui::Button&) override { kind = Kind::kButton; }
   void Visit(ui::DatePicker&) override { kind = Kind::kDatePicker; }
-  void Visit(ui::DropDown&) override { kind = Kind::kDropDown; }
+  void Visit(ui::DropDown& control) override {
+    kind = control.editable() ? Kind::kEditableDropDown : Kind::kDropDown;
+  }
   void Visit(ui::Frame&) override { kind = Kind::kFrame; }
   void Visit(ui::Label&) override { kind = Kind::kLabel; }
+  void Visit(ui::ListBox&) override { kind = Kind::kListBox; }
   void Visit(ui::MenuItem&) override { kind = Kind::kMenuItem; }
+  void Visit(ui::OptionButton&) override { kind = Kind::kOptionButton; }
   void Visit(ui::TextBox&) override { kind = Kind::kTextBox; }
   void Visit(ui::TimerControl&) override { kind = Kind::kTimer; }
 

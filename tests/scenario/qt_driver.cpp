@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -52,6 +53,36 @@ QString WithLineFeeds(QString text) {
 /// What the user sees, but with the line ends that the program wrote.
 std::string AsWritten(const QString& seen, const std::string& written) {
   return WithLineFeeds(seen) == WithLineFeeds(ToQString(written)) ? written : ToUtf8(seen);
+}
+
+/// The line in which text is typed; null where the widget has none.
+QLineEdit* LineOf(QWidget* widget) {
+  if (auto* const list = qobject_cast<QComboBox*>(widget)) return list->lineEdit();
+  return qobject_cast<QLineEdit*>(widget);
+}
+
+void PressKeyOn(QWidget* widget, Qt::Key key) {
+  QTest::sendKeyEvent(QTest::Click, widget, key, QString(), Qt::NoModifier);
+}
+
+/// The row that the user takes for the chosen one. A list that is typed into remembers the row that
+/// was picked last, whatever its text is now.
+int ChosenRow(const QComboBox& list) {
+  return list.findText(list.currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+}
+
+void PickRow(QComboBox& list, int row) {
+  if (ChosenRow(list) == row) return;
+  PressKeyOn(&list, Qt::Key_F4);
+  PressKeyOn(list.view(), Qt::Key_Home);
+  for (int i = 0; i < row; ++i) PressKeyOn(list.view(), Qt::Key_Down);
+  PressKeyOn(list.view(), Qt::Key_Return);
+}
+
+void PickRow(QListWidget& list, int row) {
+  list.scrollToItem(list.item(row));
+  const QRect seen = list.visualItemRect(list.item(row)) & list.viewport()->rect();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, seen.center());
 }
 
 /// Qt's event loop that also knows whether the program waits for its next turn.
@@ -146,9 +177,10 @@ class QtDriver final : public Driver {
 
   bool Choose(ui::MenuItem& item) override;
   bool Click(ui::Button& button) override;
-  bool Type(ui::TextBox& box, std::string_view text) override;
-  bool Paste(ui::TextBox& box, std::string_view text) override;
-  bool Pick(ui::DropDown& list, int index) override;
+  bool Type(ui::Control& input, std::string_view text) override;
+  bool Paste(ui::Control& input, std::string_view text) override;
+  bool Pick(ui::ListControl& list, int index) override;
+  bool Pick(ui::OptionButton& option) override;
   bool PickDay(ui::DatePicker& picker, std::chrono::sys_days day) override;
   bool Focus(ui::Control& control) override;
   bool Hover(ui::Control& control) override;
@@ -186,7 +218,8 @@ class QtDriver final : public Driver {
 
   Value GetOf(QAction& action, const Property& property);
   Value GetOf(QWidget& widget, const ui::Control& control, const Property& property);
-  Value GetOf(const QComboBox& list, const Property& property);
+  static Value GetOf(const QComboBox& list, const Property& property);
+  static Value GetOf(const QListWidget& list, const Property& property);
 
   const ui::LocaleFormat& locale_;
   WatchedEventLoop event_loop_;
@@ -294,12 +327,12 @@ bool QtDriver::Click(ui::Button& button) {
   return true;
 }
 
-bool QtDriver::Type(ui::TextBox& box, std::string_view text) {
-  if (!IsOpenToUser(box)) return false;
-  MoveFocus(box);
+bool QtDriver::Type(ui::Control& input, std::string_view text) {
+  if (!IsOpenToUser(input)) return false;
+  MoveFocus(input);
   const QWidget* last = nullptr;
   for (const char32_t character : ToQString(text).toStdU32String()) {
-    auto* const edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QLineEdit* const edit = LineOf(QApplication::focusWidget());
     if (edit != nullptr && edit != last) edit->end(false);
     last = edit;
     PressKey(QString::fromUcs4(&character, 1));
@@ -314,7 +347,10 @@ void QtDriver::PressKey(const QString& character) {
   const bool enter = character == u"\r";
   const bool tab = character == u"\t";
   const bool is_button = dynamic_cast<const ui::Button*>(focused) != nullptr;
-  if (!tab && dynamic_cast<const ui::TextBox*>(focused) == nullptr && !(is_button && enter)) return;
+  const auto* const list = dynamic_cast<const ui::DropDown*>(focused);
+  const bool takes_text =
+      dynamic_cast<const ui::TextBox*>(focused) != nullptr || (list != nullptr && list->editable());
+  if (!tab && !takes_text && !(is_button && enter)) return;
   // Letters of Czech have no key code of their own. A button takes Enter only where a desktop's
   // theme says so, but the space bar everywhere.
   const Qt::Key key = tab                  ? Qt::Key_Tab
@@ -324,14 +360,14 @@ void QtDriver::PressKey(const QString& character) {
   QTest::sendKeyEvent(QTest::Click, &WidgetOf(*focused), key, character, Qt::NoModifier);
 }
 
-bool QtDriver::Paste(ui::TextBox& box, std::string_view text) {
-  if (!IsOpenToUser(box)) return false;
-  MoveFocus(box);
-  auto* const edit = Find<QLineEdit>(box);
+bool QtDriver::Paste(ui::Control& input, std::string_view text) {
+  if (!IsOpenToUser(input)) return false;
+  MoveFocus(input);
+  QLineEdit* const edit = LineOf(&WidgetOf(input));
   if (edit == nullptr) return true;  // a report, which takes none
   edit->selectAll();
   if (text.empty()) {
-    QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_Delete, QString(), Qt::NoModifier);
+    PressKeyOn(edit, Qt::Key_Delete);
   } else {
     // The clipboard is the scenario's: the text comes as from an input method.
     QInputMethodEvent commit;
@@ -342,18 +378,26 @@ bool QtDriver::Paste(ui::TextBox& box, std::string_view text) {
   return true;
 }
 
-bool QtDriver::Pick(ui::DropDown& list, int index) {
-  auto& widget = dynamic_cast<QComboBox&>(WidgetOf(list));
-  if (!IsOpenToUser(list) || index >= widget.count()) return false;
+bool QtDriver::Pick(ui::ListControl& list, int index) {
+  if (!IsOpenToUser(list)) return false;
+  QWidget& widget = WidgetOf(list);
+  auto* const drop_down = qobject_cast<QComboBox*>(&widget);
+  auto* const box = qobject_cast<QListWidget*>(&widget);
+  if (index >= (drop_down != nullptr ? drop_down->count() : box->count())) return false;
   MoveFocus(list);
-  if (widget.currentIndex() == index) return true;
-  const auto press = [](QWidget* target, Qt::Key key) {
-    QTest::sendKeyEvent(QTest::Click, target, key, QString(), Qt::NoModifier);
-  };
-  press(&widget, Qt::Key_F4);
-  press(widget.view(), Qt::Key_Home);
-  for (int row = 0; row < index; ++row) press(widget.view(), Qt::Key_Down);
-  press(widget.view(), Qt::Key_Return);
+  if (drop_down != nullptr) {
+    PickRow(*drop_down, index);
+  } else {
+    PickRow(*box, index);
+  }
+  SettleWidgets();
+  return true;
+}
+
+bool QtDriver::Pick(ui::OptionButton& option) {
+  if (!IsOpenToUser(option)) return false;
+  MoveFocus(option);
+  PressKeyOn(&WidgetOf(option), Qt::Key_Space);
   SettleWidgets();
   return true;
 }
@@ -482,6 +526,7 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
     return Value::Text(face ? "face" : "window");
   }
   if (const auto* const list = qobject_cast<QComboBox*>(&widget)) return GetOf(*list, property);
+  if (const auto* const list = qobject_cast<QListWidget*>(&widget)) return GetOf(*list, property);
   if (const auto* const report = qobject_cast<QPlainTextEdit*>(&widget)) {
     return Value::Text(
         AsWritten(report->toPlainText(), dynamic_cast<const ui::TextBox&>(control).text()));
@@ -491,6 +536,7 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
     return Value::Day(ParseShortDate(ToUtf8(edit->text()), locale_));
   }
   if (const auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
+    if (property.name == "value") return Value::Truth(button->isChecked());
     return Value::Text(ToUtf8(button->text()));
   }
   if (const auto* const label = qobject_cast<QLabel*>(&widget)) {
@@ -501,13 +547,24 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
 }
 
 Value QtDriver::GetOf(const QComboBox& list, const Property& property) {
-  if (property.name == "index") return Value::Number(list.currentIndex());
+  if (property.name == "index") return Value::Number(ChosenRow(list));
   if (property.name == "count") return Value::Number(list.count());
   if (property.name == "item") {
     return property.index < list.count() ? Value::Text(ToUtf8(list.itemText(property.index)))
                                          : Value::Bare("unset");
   }
-  return Value::Text(ToUtf8(list.currentIndex() < 0 ? list.placeholderText() : list.currentText()));
+  const bool shows_placeholder = !list.isEditable() && list.currentIndex() < 0;
+  return Value::Text(ToUtf8(shows_placeholder ? list.placeholderText() : list.currentText()));
+}
+
+Value QtDriver::GetOf(const QListWidget& list, const Property& property) {
+  if (property.name == "count") return Value::Number(list.count());
+  if (property.name == "item") {
+    return property.index < list.count() ? Value::Text(ToUtf8(list.item(property.index)->text()))
+                                         : Value::Bare("unset");
+  }
+  const QList<QListWidgetItem*> selected = list.selectedItems();
+  return Value::Number(selected.isEmpty() ? -1 : list.row(selected.first()));
 }
 
 }  // namespace

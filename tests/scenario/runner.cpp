@@ -173,13 +173,14 @@ bool Runner::Act(const Command& command) {
     case Verb::kClick:
       return driver_.Click(dynamic_cast<ui::Button&>(*control));
     case Verb::kType:
-      return driver_.Type(dynamic_cast<ui::TextBox&>(*control), command.text);
+      return driver_.Type(*control, command.text);
     case Verb::kSet:
-      return driver_.Paste(dynamic_cast<ui::TextBox&>(*control), command.text);
+      return driver_.Paste(*control, command.text);
     case Verb::kDate:
       return driver_.PickDay(dynamic_cast<ui::DatePicker&>(*control), command.day);
     case Verb::kPick:
-      return driver_.Pick(dynamic_cast<ui::DropDown&>(*control), command.number);
+      if (auto* option = dynamic_cast<ui::OptionButton*>(control)) return driver_.Pick(*option);
+      return driver_.Pick(dynamic_cast<ui::ListControl&>(*control), command.number);
     case Verb::kFocus:
       return driver_.Focus(*control);
     default:

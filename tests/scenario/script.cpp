@@ -79,9 +79,13 @@ std::string MainProperty(Kind kind) {
     case Kind::kTextBox:
       return "text";
     case Kind::kDropDown:
+    case Kind::kEditableDropDown:
+    case Kind::kListBox:
       return "index";
     case Kind::kDatePicker:
       return "date";
+    case Kind::kOptionButton:
+      return "value";
     case Kind::kTimer:
       return "enabled";
     case Kind::kButton:
@@ -97,7 +101,17 @@ bool HasProperty(Kind kind, std::string_view name) {
   if (name == MainProperty(kind) || name == "enabled") return true;
   if (kind == Kind::kTimer) return false;
   if (IsOneOf(name, {"visible", "focused", "tooltip", "background"})) return true;
-  return kind == Kind::kDropDown && IsOneOf(name, {"text", "count", "item", "items"});
+  switch (kind) {
+    case Kind::kDropDown:
+    case Kind::kEditableDropDown:
+      return IsOneOf(name, {"text", "count", "item", "items"});
+    case Kind::kListBox:
+      return IsOneOf(name, {"count", "item", "items"});
+    case Kind::kOptionButton:
+      return name == "caption";
+    default:
+      return false;
+  }
 }
 
 class Parser {
@@ -228,7 +242,8 @@ class Parser {
   void Click(std::string_view rest, Command& command) const {
     command.verb = Verb::kClick;
     command.place = ParseControl(rest);
-    Require(command.place, {Kind::kButton}, "is no button");
+    Require(command.place, {Kind::kButton, Kind::kOptionButton}, "is no button");
+    if (KindOf(command.place) == Kind::kOptionButton) command.verb = Verb::kPick;
   }
 
   void Type(std::string_view rest, Command& command) const {
@@ -252,8 +267,14 @@ class Parser {
   void Pick(std::string_view rest, Command& command) const {
     command.verb = Verb::kPick;
     command.place = ParseControl(TakeUntil(rest, " "));
-    Require(command.place, {Kind::kDropDown}, "has no rows to pick");
-    command.number = ParseIndex(rest);
+    Require(command.place,
+            {Kind::kDropDown, Kind::kEditableDropDown, Kind::kListBox, Kind::kOptionButton},
+            "has nothing to pick");
+    if (KindOf(command.place) != Kind::kOptionButton) {
+      command.number = ParseIndex(rest);
+    } else if (!rest.empty()) {
+      throw Bad("an option has no rows");
+    }
   }
 
   void Focus(std::string_view rest, Command& command) const {
@@ -357,7 +378,7 @@ class Parser {
 
   void ParseTextFor(std::string_view rest, Command& command) const {
     command.place = ParseControl(TakeUntil(rest, " "));
-    Require(command.place, {Kind::kTextBox}, "takes no text");
+    Require(command.place, {Kind::kTextBox, Kind::kEditableDropDown}, "takes no text");
     command.text = Unescape(rest);
   }
 

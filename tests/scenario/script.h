@@ -12,7 +12,19 @@
 namespace velta::scenario {
 
 /// What sort of control a place is; it decides which commands and properties make sense there.
-enum class Kind { kButton, kDatePicker, kDropDown, kFrame, kLabel, kMenuItem, kTextBox, kTimer };
+enum class Kind {
+  kButton,
+  kDatePicker,
+  kDropDown,
+  kEditableDropDown,
+  kFrame,
+  kLabel,
+  kListBox,
+  kMenuItem,
+  kOptionButton,
+  kTextBox,
+  kTimer,
+};
 
 /// The names that a scenario may use: windows and in each its controls.
 using Names = std::map<std::string, std::map<std::string, Kind>>;
@@ -46,7 +58,7 @@ enum class Verb {
   kType,         ///< place, text
   kSet,          ///< place, text
   kDate,         ///< place, day
-  kPick,         ///< place, number
+  kPick,         ///< place, number; an option button has none
   kFocus,        ///< place
   kHover,        ///< place, also a window
   kClose,        ///< place, a window

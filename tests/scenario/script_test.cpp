@@ -18,6 +18,9 @@ const Names kNames = {
      {{"txtCastka", Kind::kTextBox},
       {"txtFaktura(3)", Kind::kTextBox},
       {"cboDruh", Kind::kDropDown},
+      {"cboText", Kind::kEditableDropDown},
+      {"lstRadky", Kind::kListBox},
+      {"optZaok(1)", Kind::kOptionButton},
       {"dtpSplatnost", Kind::kDatePicker},
       {"cmdNovy", Kind::kButton},
       {"tmrRepo", Kind::kTimer}}},
@@ -90,6 +93,13 @@ TEST(Script, PropertiesAndTheirMainOnes) {
       {"text box", "get frmVypocet.txtCastka", "frmVypocet.txtCastka.text"},
       {"drop-down", "get frmVypocet.cboDruh", "frmVypocet.cboDruh.index"},
       {"date picker", "get frmVypocet.dtpSplatnost", "frmVypocet.dtpSplatnost.date"},
+      {"editable drop-down", "get frmVypocet.cboText", "frmVypocet.cboText.index"},
+      {"its text", "get frmVypocet.cboText.text", "frmVypocet.cboText.text"},
+      {"list", "get frmVypocet.lstRadky", "frmVypocet.lstRadky.index"},
+      {"row of a list", "get frmVypocet.lstRadky.item(0)", "frmVypocet.lstRadky.item(0)"},
+      {"all rows", "get frmVypocet.lstRadky.items", "frmVypocet.lstRadky.items"},
+      {"option", "get frmVypocet.optZaok(1)", "frmVypocet.optZaok(1).value"},
+      {"its caption", "get frmVypocet.optZaok(1).caption", "frmVypocet.optZaok(1).caption"},
       {"button", "get frmVypocet.cmdNovy", "frmVypocet.cmdNovy.caption"},
       {"label", "get frmMenu.lblMSG", "frmMenu.lblMSG.caption"},
       {"menu item", "get frmMenu.mnuKopirovat", "frmMenu.mnuKopirovat.caption"},
@@ -103,6 +113,19 @@ TEST(Script, PropertiesAndTheirMainOnes) {
   for (const PropertyRow& row : rows) {
     EXPECT_EQ(ParseLine(row.line).property.Text(), row.heading) << row.what;
   }
+}
+
+TEST(Script, RowsOptionsAndTextsOfEveryKind) {
+  EXPECT_EQ(ParseLine("pick frmVypocet.lstRadky 12").number, 12);
+  EXPECT_EQ(ParseLine("pick frmVypocet.cboText 3").number, 3);
+  EXPECT_EQ(ParseLine("set frmVypocet.cboText % denně").text, "% denně");
+  EXPECT_EQ(ParseLine("type frmVypocet.cboText % denně").text, "% denně");
+  const Command option = ParseLine("pick frmVypocet.optZaok(1)");
+  EXPECT_EQ(option.verb, Verb::kPick);
+  EXPECT_EQ(option.place.control, "optZaok(1)");
+  const Command clicked = ParseLine("click frmVypocet.optZaok(1)");
+  EXPECT_EQ(clicked.verb, Verb::kPick) << "a click on an option picks it";
+  EXPECT_EQ(clicked.source, "click frmVypocet.optZaok(1)");
 }
 
 TEST(Script, ExpectationsStandAfterTheFirstEqualSign) {
@@ -143,6 +166,16 @@ TEST(Script, BadLines) {
       {"date picker expected", "date frmVypocet.txtCastka 1.1.2005"},
       {"menu item expected", "menu lblMSG"},
       {"row expected", "pick frmVypocet.cboDruh"},
+      {"row of a list expected", "pick frmVypocet.lstRadky"},
+      {"option has no rows", "pick frmVypocet.optZaok(1) 0"},
+      {"nothing to pick", "pick frmVypocet.cmdNovy"},
+      {"drop-down that takes no text", "set frmVypocet.cboDruh x"},
+      {"drop-down that takes no keys", "type frmVypocet.cboDruh x"},
+      {"list takes no text", "set frmVypocet.lstRadky x"},
+      {"list is no button", "click frmVypocet.lstRadky"},
+      {"list has no text of its own", "get frmVypocet.lstRadky.text"},
+      {"option has no index", "get frmVypocet.optZaok(1).index"},
+      {"button has no value", "get frmVypocet.cmdNovy.value"},
       {"negative row", "pick frmVypocet.cboDruh -1"},
       {"window where a control is expected", "click frmVypocet"},
       {"control where a window is expected", "close frmVypocet.cmdNovy"},

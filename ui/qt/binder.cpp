@@ -3,10 +3,12 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -45,6 +47,39 @@ void CommitTypedDate() {
   if (auto* field = qobject_cast<DateField*>(QApplication::focusWidget())) field->Commit();
 }
 
+/// The line in which the control is typed; null where it has none.
+QLineEdit* LineOf(QWidget* widget) {
+  if (auto* list = qobject_cast<QComboBox*>(widget)) return list->lineEdit();
+  return qobject_cast<QLineEdit*>(widget);
+}
+
+void ShowChoice(const ui::DropDown& control, QComboBox& list) {
+  const QSignalBlocker by_program(list);
+  const QString text = ToQString(control.text());
+  // The cursor stays where the user types.
+  if (control.editable() && control.index() < 0 && text == list.currentText()) return;
+  list.setCurrentIndex(control.index());
+  if (control.editable() && text != list.currentText()) list.setEditText(text);
+}
+
+void ShowRows(const ui::ListBox& control, QListWidget& list) {
+  const QSignalBlocker by_program(list);
+  const std::vector<std::string>& rows = control.items();
+  if (rows.size() < static_cast<std::size_t>(list.count())) list.clear();
+  for (auto i = static_cast<std::size_t>(list.count()); i < rows.size(); ++i) {
+    auto* row = new QListWidgetItem(ToQString(rows[i]), &list);
+    // Measured once; otherwise every row would be measured again for each one that is added.
+    row->setSizeHint(list.sizeHintForIndex(list.indexFromItem(row)));
+  }
+  // When the loop turns: the list is laid out once, however many rows have come.
+  QMetaObject::invokeMethod(&list, &QListWidget::scrollToBottom, Qt::QueuedConnection);
+}
+
+void ShowChoice(const ui::ListBox& control, QListWidget& list) {
+  const QSignalBlocker by_program(list);
+  list.setCurrentRow(control.index());
+}
+
 /// A caption that the model has not given yet is the one in the form.
 bool LeftToForm(const ui::Control& control, Aspect aspect) {
   const auto* captioned = dynamic_cast<const ui::CaptionedControl*>(&control);
@@ -81,7 +116,7 @@ void Binder::TakeFocus() {
 void Binder::FollowFocus() {
   if (user_leads_ || window_.focused() == nullptr) return;
   TakeFocus();
-  if (auto* line = Find<QLineEdit>(*window_.focused())) line->selectAll();
+  if (QLineEdit* line = LineOf(Find<QWidget>(*window_.focused()))) line->selectAll();
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -132,11 +167,13 @@ W* Binder::Find(const ui::Control& control) const {
 template <class W>
 W& Binder::Widget(const ui::Control& control) const {
   W* widget = Find<W>(control);
-  if (widget == nullptr) {
-    qFatal("The form of %s has no widget of its kind for %s.", window_.name().c_str(),
-           control.name().c_str());
-  }
+  if (widget == nullptr) EndWithout(control);
   return *widget;
+}
+
+void Binder::EndWithout(const ui::Control& control) const {
+  qFatal("The form of %s has no widget of its kind for %s.", window_.name().c_str(),
+         control.name().c_str());
 }
 
 void Binder::Mirror(ui::Control& control, std::function<void(Aspect)> show) {
@@ -156,7 +193,7 @@ void Binder::Mirror(ui::Control& control, QWidget& widget,
         widget.setEnabled(control.enabled());
         break;
       case Aspect::kVisible:
-        widget.setVisible(control.visible());
+        widget.setVisible(control.shown());  // what it stands in hides it too
         break;
       case Aspect::kToolTip:
         widget.setToolTip(ToQString(control.tool_tip()));
@@ -175,25 +212,33 @@ void Binder::SetTabOrder() {
   QWidget* previous = nullptr;
   for (const ui::Control* control : window_.controls()) {
     QWidget* widget = Find<QWidget>(*control);
-    if (widget == nullptr || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
     if (previous != nullptr) QWidget::setTabOrder(previous, widget);
     previous = widget;
   }
 }
 
-void Binder::Visit(ui::Button& control) {
-  auto& button = Widget<QAbstractButton>(control);
-  Mirror(control, button, [&control, &button](Aspect aspect) {
+template <class C>
+void Binder::BindButton(C& control, QAbstractButton& button,
+                        const std::function<void(Aspect)>& show) {
+  Mirror(control, button, [&control, &button, show](Aspect aspect) {
     if (aspect == Aspect::kCaption) button.setText(ToQString(control.caption()));
-    // A button with nothing but a picture is called by what its tool tip says.
-    if (aspect == Aspect::kToolTip && button.text().isEmpty()) {
-      button.setAccessibleName(ToQString(control.tool_tip()));
-    }
+    show(aspect);
   });
   connect(&button, &QAbstractButton::clicked, this, [this, &control] {
     if (!listening_) return;
     CommitTypedDate();
     control.UserClick();
+  });
+}
+
+void Binder::Visit(ui::Button& control) {
+  auto& button = Widget<QAbstractButton>(control);
+  BindButton(control, button, [&control, &button](Aspect aspect) {
+    // A button with nothing but a picture is called by what its tool tip says.
+    if (aspect == Aspect::kToolTip && button.text().isEmpty()) {
+      button.setAccessibleName(ToQString(control.tool_tip()));
+    }
   });
 }
 
@@ -214,24 +259,38 @@ void Binder::Visit(ui::DatePicker& control) {
 
 void Binder::Visit(ui::DropDown& control) {
   auto& list = Widget<QComboBox>(control);
+  // Editable from the start, in the form: a line that a list gets only now breaks the tab order.
+  if (list.isEditable() != control.editable()) EndWithout(control);
+  if (control.editable()) {
+    list.setInsertPolicy(QComboBox::NoInsert);
+    list.setCompleter(nullptr);
+  }
   Mirror(control, list, [&control, &list](Aspect aspect) {
-    const QSignalBlocker by_program(list);
     if (aspect == Aspect::kItems) {
+      const QSignalBlocker by_program(list);
       for (auto i = static_cast<std::size_t>(list.count()); i < control.items().size(); ++i) {
         list.addItem(ToQString(control.items()[i]));
       }
     }
-    if (aspect == Aspect::kItems || aspect == Aspect::kValue) list.setCurrentIndex(control.index());
+    if (aspect == Aspect::kItems || aspect == Aspect::kValue) ShowChoice(control, list);
     if (aspect == Aspect::kBackground) SetBackground(list, control.background());
   });
-  connect(&list, &QComboBox::currentIndexChanged, this,
-          [this, &control, list = QPointer(&list)](int index) {
-            if (!listening_) return;
-            control.UserPick(index);
-            if (list == nullptr) return;
-            const QSignalBlocker by_program(list);
-            list->setCurrentIndex(control.index());
-          });
+  const auto user_changes = [this, &control, list = QPointer(&list)](const auto& change) {
+    if (!listening_) return;
+    change();
+    if (list != nullptr) ShowChoice(control, *list);
+  };
+  if (control.editable()) {
+    // A picked item too comes as the text that it puts into the line.
+    connect(&list, &QComboBox::editTextChanged, this,
+            [user_changes, &control](const QString& text) {
+              user_changes([&] { control.UserEdit(ToUtf8(text)); });
+            });
+  } else {
+    connect(&list, &QComboBox::currentIndexChanged, this, [user_changes, &control](int index) {
+      user_changes([&] { control.UserPick(index); });
+    });
+  }
 }
 
 void Binder::Visit(ui::Frame& control) {
@@ -249,6 +308,23 @@ void Binder::Visit(ui::Label& control) {
   Mirror(control, label, [&control, &label](Aspect aspect) {
     if (aspect == Aspect::kCaption) label.setText(ToQString(control.caption()));
   });
+}
+
+void Binder::Visit(ui::ListBox& control) {
+  auto& list = Widget<QListWidget>(control);
+  Mirror(control, list, [&control, &list](Aspect aspect) {
+    if (aspect == Aspect::kItems) ShowRows(control, list);
+    if (aspect == Aspect::kValue) ShowChoice(control, list);
+    if (aspect == Aspect::kBackground) SetBackground(list, control.background());
+  });
+  // The selected row and not the current one, which the keyboard's coming alone moves.
+  connect(&list, &QListWidget::itemSelectionChanged, this,
+          [this, &control, list = QPointer(&list)] {
+            if (!listening_) return;
+            const QList<QListWidgetItem*> selected = list->selectedItems();
+            if (!selected.isEmpty()) control.UserPick(list->row(selected.first()));
+            if (list != nullptr) ShowChoice(control, *list);
+          });
 }
 
 void Binder::Visit(ui::MenuItem& control) {
@@ -271,6 +347,27 @@ void Binder::Visit(ui::MenuItem& control) {
     }
     if (aspect == Aspect::kEnabled) action->setEnabled(control.enabled());
     if (aspect == Aspect::kVisible) action->setVisible(control.visible());
+  });
+}
+
+void Binder::Visit(ui::OptionButton& control) {
+  auto& button = Widget<QAbstractButton>(control);
+  button.setCheckable(true);
+  QButtonGroup*& group = options_[ToQString(control.name()).section(u'(', 0, 0)];
+  if (group == nullptr) group = new QButtonGroup(this);
+  group->addButton(&button);
+  // Tab comes to one option of a group, the chosen one or else the first; from there the arrow keys
+  // go on.
+  const auto make_tab_stop = [group](const QAbstractButton* stop) {
+    for (QAbstractButton* option : group->buttons()) {
+      option->setFocusPolicy(option == stop ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+  };
+  make_tab_stop(group->buttons().first());
+  BindButton(control, button, [&control, &button, make_tab_stop](Aspect aspect) {
+    if (aspect != Aspect::kValue || !control.value()) return;  // the group unchecks the others
+    button.setChecked(true);
+    make_tab_stop(&button);
   });
 }
 

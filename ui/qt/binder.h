@@ -7,6 +7,8 @@
 #include "ui/controls.h"
 #include "ui/locale.h"
 
+class QAbstractButton;
+class QButtonGroup;
 class QKeyEvent;
 class QLineEdit;
 class QWidget;
@@ -44,10 +46,14 @@ class Binder final : public QObject, private ui::ControlVisitor {
   void Visit(ui::DropDown& control) override;
   void Visit(ui::Frame& control) override;
   void Visit(ui::Label& control) override;
+  void Visit(ui::ListBox& control) override;
   void Visit(ui::MenuItem& control) override;
+  void Visit(ui::OptionButton& control) override;
   void Visit(ui::TextBox& control) override;
   void Visit(ui::TimerControl& /*control*/) override {}  // nothing to see
 
+  template <class C>
+  void BindButton(C& control, QAbstractButton& button, const std::function<void(ui::Aspect)>& show);
   void BindLine(ui::TextBox& control, QLineEdit& edit);
   bool Key(QLineEdit& edit, QKeyEvent& event);
 
@@ -55,6 +61,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   W* Find(const ui::Control& control) const;
   template <class W>
   W& Widget(const ui::Control& control) const;
+  [[noreturn]] void EndWithout(const ui::Control& control) const;
 
   /// Lets `show` draw every aspect of the control now and whenever it changes.
   void Mirror(ui::Control& control, std::function<void(ui::Aspect)> show);
@@ -68,6 +75,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   const ui::LocaleFormat& locale_;
   QHash<const QObject*, ui::Control*> controls_;
   QHash<const QObject*, ui::TextBox*> lines_;
+  QHash<QString, QButtonGroup*> options_;  // by the name of their array
   bool listening_ = true;
   bool user_leads_ = false;
 };

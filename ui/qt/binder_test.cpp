@@ -10,11 +10,16 @@
 #include <QGroupBox>
 #include <QInputMethodEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -35,7 +40,13 @@ using ::testing::IsEmpty;
 /// One control of every kind.
 struct Model : ui::Window {
   explicit Model(ui::EventLoop& loop) : ui::Window("frmTest", ui::WindowKind::kChild, loop) {
-    for (const char* item : {"jedna", "dvě", "tři"}) cboDruh.AddItem(item);
+    for (const char* item : {"jedna", "dvě", "tři"}) {
+      cboDruh.AddItem(item);
+      cboText.AddItem(item);
+    }
+    cboText.SetEditable();
+    fraStrana.Hold({&txtStrana});
+    ReadFirst({&lstRadky});
     txtReport.SetReadOnly();
     txtReport.SetTabStops({5, 108});
   }
@@ -49,6 +60,13 @@ struct Model : ui::Window {
   ui::Button cmdKonec{*this, "cmdKonec"};
   ui::Label lblPenale{*this, "lblPenale"};
   ui::MenuItem mnuKonec{*this, "mnuKonec"};
+  std::array<ui::OptionButton, 2> optFramy =
+      ui::ControlArray<ui::OptionButton, 2>(*this, "optFramy");
+  std::array<ui::OptionButton, 3> optZaok = ui::ControlArray<ui::OptionButton, 3>(*this, "optZaok");
+  ui::ListBox lstRadky{*this, "lstRadky"};
+  ui::DropDown cboText{*this, "cboText"};
+  ui::Frame fraStrana{*this, "fraStrana"};
+  ui::TextBox txtStrana{*this, "txtStrana"};
   ui::TimerControl tmrRepo{*this, "tmrRepo", ui::Timer::Kind::kOneShot, {}};
 };
 
@@ -65,6 +83,21 @@ struct Form {
     layout.addWidget(Named(new DateField(), "dtpDen"));
     layout.addWidget(Named(new QComboBox(), "cboDruh"));
     layout.addWidget(Named(new QLineEdit(), "txtFaktura_3"));
+    auto* page = new QFrame();
+    auto* on_page = new QVBoxLayout(page);
+    on_page->addWidget(Named(new QLineEdit(), "txtStrana"));
+    layout.addWidget(Named(page, "fraStrana"));
+    auto* typed = new QComboBox();
+    typed->setEditable(true);
+    layout.addWidget(Named(typed, "cboText"));
+    layout.addWidget(Named(new QListWidget(), "lstRadky"));
+    // Two groups of options side by side.
+    for (const char* name : {"optFramy_0", "optFramy_1"}) {
+      layout.addWidget(Named(new QPushButton(), name));
+    }
+    for (const char* name : {"optZaok_0", "optZaok_1", "optZaok_2"}) {
+      layout.addWidget(Named(new QRadioButton(), name));
+    }
     auto* item = new QAction(&root);
     item->setObjectName("mnuKonec");
   }
@@ -85,7 +118,7 @@ struct Form {
 class BinderTest : public ::testing::Test {
  protected:
   BinderTest() {
-    form_.root.resize(400, 400);
+    form_.root.resize(400, 700);
     form_.root.show();
     QApplication::setActiveWindow(&form_.root);
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form_.root));
@@ -118,6 +151,11 @@ class BinderTest : public ::testing::Test {
   ReportBox& report_ = form_.Get<ReportBox>("txtReport");
   QPushButton& button_ = form_.Get<QPushButton>("cmdKonec");
   QLabel& label_ = form_.Get<QLabel>("lblPenale");
+  QListWidget& rows_ = form_.Get<QListWidget>("lstRadky");
+  QComboBox& typed_ = form_.Get<QComboBox>("cboText");
+  std::array<QRadioButton*, 3> options_ = {&form_.Get<QRadioButton>("optZaok_0"),
+                                           &form_.Get<QRadioButton>("optZaok_1"),
+                                           &form_.Get<QRadioButton>("optZaok_2")};
   std::vector<std::string> focused_;
   std::vector<std::string> hovered_;
   std::vector<std::string> changes_;
@@ -260,6 +298,234 @@ TEST_F(BinderTest, WheelOverAListWithoutFocusIsForThePage) {
   EXPECT_EQ(model_.cboDruh.index(), 1);
 }
 
+TEST_F(BinderTest, TypingInAnEditableListReachesTheModelKeyByKey) {
+  std::vector<std::string> texts;
+  model_.cboText.Change.Connect([&] {
+    texts.push_back(model_.cboText.text() + " " + std::to_string(model_.cboText.index()));
+  });
+  typed_.setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(&typed_, "jedna");
+  QTest::keyClick(&typed_, Qt::Key_Backspace);
+  EXPECT_THAT(texts, ElementsAre("j -1", "je -1", "jed -1", "jedn -1", "jedna 0", "jedn -1"));
+  EXPECT_EQ(typed_.currentText(), "jedn") << "nothing is completed";
+  EXPECT_EQ(typed_.count(), 3);
+}
+
+TEST_F(BinderTest, TypedTextThatDiffersFromAnItemInItsCaseStays) {
+  typed_.setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(&typed_, "JEDNA");
+  QTest::keyClick(&typed_, Qt::Key_Return);
+  edit_.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(typed_.currentText(), "JEDNA");
+  EXPECT_EQ(model_.cboText.text(), "JEDNA");
+  EXPECT_EQ(model_.cboText.index(), -1);
+  EXPECT_EQ(typed_.count(), 3);
+}
+
+TEST_F(BinderTest, TypingInTheMiddleOfAnEditableListsTextLeavesTheCursorThere) {
+  model_.cboText.SetText("1% denně");
+  typed_.setFocus(Qt::TabFocusReason);
+  typed_.lineEdit()->setCursorPosition(1);
+  QTest::keyClicks(&typed_, "25");
+  EXPECT_EQ(model_.cboText.text(), "125% denně");
+  EXPECT_EQ(typed_.lineEdit()->cursorPosition(), 3);
+}
+
+TEST_F(BinderTest, EditableListShowsTheModelsTextAndMayBePickedFromAfterwards) {
+  const auto pick = [this](int row) {
+    QTest::keyClick(&typed_, Qt::Key_F4);
+    QTest::keyClick(typed_.view(), Qt::Key_Home);
+    for (int i = 0; i < row; ++i) QTest::keyClick(typed_.view(), Qt::Key_Down);
+    QTest::keyClick(typed_.view(), Qt::Key_Return);
+  };
+  EXPECT_EQ(typed_.currentText(), "") << "nothing is chosen at first";
+  model_.cboText.SetIndex(1);
+  EXPECT_EQ(typed_.currentText(), "dvě");
+  QTest::keyClick(&typed_, Qt::Key_Down);
+  EXPECT_EQ(model_.cboText.index(), 2) << "the arrow goes on from the model's choice";
+  model_.cboText.SetText("čtyři");
+  EXPECT_EQ(typed_.currentText(), "čtyři");
+  pick(2);
+  EXPECT_EQ(model_.cboText.index(), 2) << "also the item that was the chosen one before";
+  model_.cboText.SetText("");
+  EXPECT_EQ(typed_.currentText(), "");
+  pick(0);
+  EXPECT_EQ(model_.cboText.index(), 0);
+}
+
+TEST_F(BinderTest, EditableListShowsAnotherChoiceOfTheModels) {
+  model_.cboText.Change.Connect([this] {
+    if (model_.cboText.index() == 1) model_.cboText.SetIndex(2);
+  });
+  typed_.setCurrentIndex(1);
+  EXPECT_EQ(typed_.currentText(), "tři");
+  EXPECT_EQ(model_.cboText.index(), 2);
+}
+
+TEST_F(BinderTest, WhatAnEditableListHoldsIsMarkedWhenTheProgramLeadsTheKeyboardThere) {
+  model_.FocusMoved.Connect([this] { binder_.FollowFocus(); });
+  model_.cboText.SetText("dvě");
+  model_.cboText.SetFocus();
+  EXPECT_TRUE(typed_.hasFocus());
+  EXPECT_EQ(typed_.lineEdit()->selectedText(), "dvě");
+}
+
+TEST_F(BinderTest, RowsAreAddedToThoseThatAreThere) {
+  model_.lstRadky.AddItem("první");
+  const QListWidgetItem* first = rows_.item(0);
+  model_.lstRadky.AddItem("druhý");
+  ASSERT_EQ(rows_.count(), 2);
+  EXPECT_EQ(rows_.item(0), first);
+  EXPECT_EQ(rows_.item(1)->text(), "druhý");
+  EXPECT_THAT(rows_.selectedItems(), IsEmpty());
+}
+
+TEST_F(BinderTest, ClearedListIsEmptyAndMayBeFilledAgain) {
+  model_.lstRadky.AddItem("první");
+  model_.lstRadky.AddItem("druhý");
+  model_.lstRadky.SetIndex(1);
+  model_.lstRadky.Clear();
+  EXPECT_EQ(rows_.count(), 0);
+  model_.lstRadky.AddItem("třetí");
+  model_.lstRadky.AddItem("čtvrtý");
+  ASSERT_EQ(rows_.count(), 2);
+  EXPECT_EQ(rows_.item(0)->text(), "třetí");
+  EXPECT_THAT(rows_.selectedItems(), IsEmpty());
+}
+
+TEST_F(BinderTest, NewestRowIsInView) {
+  for (int i = 0; i < 1000; ++i) model_.lstRadky.AddItem("řádek " + std::to_string(i));
+  QCoreApplication::processEvents();
+  const QRect newest = rows_.visualItemRect(rows_.item(999));
+  EXPECT_TRUE(rows_.viewport()->rect().contains(newest.center()));
+  model_.lstRadky.AddItem("ještě jeden");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(rows_.verticalScrollBar()->value(), rows_.verticalScrollBar()->maximum());
+}
+
+TEST_F(BinderTest, RowThatIsWiderThanTheOthersCanBeSeenWhole) {
+  model_.lstRadky.AddItem("krátký");
+  model_.lstRadky.AddItem(std::string(500, 'm'));
+  QCoreApplication::processEvents();
+  EXPECT_GT(rows_.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(BinderTest, PickedRowReachesTheModel) {
+  for (const char* row : {"první", "druhý", "třetí"}) model_.lstRadky.AddItem(row);
+  std::vector<int> picked;
+  model_.lstRadky.Change.Connect([&] { picked.push_back(model_.lstRadky.index()); });
+  const auto click = [this](int row, Qt::KeyboardModifiers keys = {}) {
+    QTest::mouseClick(rows_.viewport(), Qt::LeftButton, keys,
+                      rows_.visualItemRect(rows_.item(row)).center());
+  };
+  click(1);
+  click(1);
+  EXPECT_THAT(picked, ElementsAre(1));
+  click(1, Qt::ControlModifier);
+  EXPECT_TRUE(rows_.item(1)->isSelected()) << "a chosen row is left only for another one";
+  QTest::keyClick(&rows_, Qt::Key_Down);
+  EXPECT_THAT(picked, ElementsAre(1, 2));
+}
+
+TEST_F(BinderTest, KeyboardThatComesToAListChoosesNothing) {
+  model_.lstRadky.AddItem("první");
+  rows_.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(model_.lstRadky.index(), -1);
+  EXPECT_THAT(rows_.selectedItems(), IsEmpty());
+  QTest::keyClick(&rows_, Qt::Key_Space);
+  EXPECT_EQ(model_.lstRadky.index(), 0);
+}
+
+TEST_F(BinderTest, ListShowsTheModelsRow) {
+  for (const char* row : {"první", "druhý", "třetí"}) model_.lstRadky.AddItem(row);
+  model_.lstRadky.Change.Connect([this] {
+    if (model_.lstRadky.index() == 1) model_.lstRadky.SetIndex(2);
+  });
+  rows_.setCurrentRow(1);
+  EXPECT_TRUE(rows_.item(2)->isSelected());
+  EXPECT_FALSE(rows_.item(1)->isSelected());
+  model_.lstRadky.SetIndex(0);
+  EXPECT_TRUE(rows_.item(0)->isSelected());
+  model_.lstRadky.SetIndex(-1);
+  EXPECT_THAT(rows_.selectedItems(), IsEmpty());
+}
+
+TEST_F(BinderTest, OptionsThatTheProgramChoosesAreNoClicks) {
+  int clicks = 0;
+  for (ui::OptionButton& option : model_.optZaok) option.Click.Connect([&] { ++clicks; });
+  for (const QRadioButton* option : options_) EXPECT_FALSE(option->isChecked());
+  model_.optZaok[1].Choose();
+  EXPECT_TRUE(options_[1]->isChecked());
+  model_.optZaok[0].Choose();
+  EXPECT_TRUE(options_[0]->isChecked());
+  EXPECT_FALSE(options_[1]->isChecked());
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(BinderTest, ClickOnAnOptionChoosesItOnce) {
+  std::vector<std::string> clicked;
+  for (ui::OptionButton& option : model_.optZaok) {
+    option.Click.Connect([&clicked, &option] { clicked.push_back(option.name()); });
+  }
+  for (const int index : {2, 2, 0}) options_[static_cast<std::size_t>(index)]->click();
+  EXPECT_THAT(clicked, ElementsAre("optZaok(2)", "optZaok(0)"));
+  EXPECT_TRUE(model_.optZaok[0].value());
+  EXPECT_TRUE(options_[0]->isChecked());
+}
+
+TEST_F(BinderTest, ArrowKeysChooseAmongTheOptionsOfOneGroup) {
+  model_.optZaok[1].Choose();
+  options_[1]->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(options_[1], Qt::Key_Down);
+  EXPECT_TRUE(model_.optZaok[2].value());
+  EXPECT_TRUE(options_[2]->hasFocus());
+  QTest::keyClick(options_[2], Qt::Key_Up);
+  QTest::keyClick(options_[1], Qt::Key_Up);
+  EXPECT_TRUE(model_.optZaok[0].value());
+}
+
+TEST_F(BinderTest, GroupsOfOptionsInOneFrameDoNotMix) {
+  model_.optFramy[1].Choose();
+  options_[0]->click();
+  EXPECT_TRUE(form_.Get<QPushButton>("optFramy_1").isChecked());
+  EXPECT_TRUE(model_.optFramy[1].value());
+  form_.Get<QPushButton>("optFramy_0").click();
+  EXPECT_TRUE(model_.optFramy[0].value());
+  EXPECT_FALSE(form_.Get<QPushButton>("optFramy_1").isChecked());
+  EXPECT_TRUE(options_[0]->isChecked());
+}
+
+TEST_F(BinderTest, TabComesToTheChosenOption) {
+  model_.optZaok[2].Choose();
+  form_.Get<QPushButton>("optFramy_0").setFocus(Qt::TabFocusReason);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_THAT(focused_, ElementsAre("optFramy(0)", "optZaok(2)", "cboText"));
+}
+
+TEST_F(BinderTest, HiddenFrameHidesAndShowsWhatItHolds) {
+  const QLineEdit& on_page = form_.Get<QLineEdit>("txtStrana");
+  model_.fraStrana.SetVisible(false);
+  EXPECT_FALSE(on_page.isVisible());
+  model_.txtStrana.SetVisible(false);
+  model_.fraStrana.SetVisible(true);
+  EXPECT_FALSE(on_page.isVisible()) << "it was hidden by itself meanwhile";
+  model_.fraStrana.SetVisible(false);
+  model_.txtStrana.SetVisible(true);
+  EXPECT_FALSE(on_page.isVisible());
+  model_.fraStrana.SetVisible(true);
+  EXPECT_TRUE(on_page.isVisible());
+}
+
+TEST_F(BinderTest, KeyboardLeavesAFrameThatIsHidden) {
+  model_.txtStrana.SetFocus();
+  ASSERT_TRUE(form_.Get<QLineEdit>("txtStrana").hasFocus());
+  focused_.clear();
+  model_.fraStrana.SetVisible(false);
+  EXPECT_TRUE(rows_.hasFocus());
+  EXPECT_THAT(focused_, ElementsAre("lstRadky"));
+}
+
 TEST_F(BinderTest, PickedDayReachesTheModel) {
   date_.setFocus();
   date_.selectAll();
@@ -296,10 +562,11 @@ TEST_F(BinderTest, ButtonsClick) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(BinderTest, TabGoesInTheModelsOrderAndRaisesTheHint) {
-  for (int i = 0; i < 6; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_THAT(focused_, ElementsAre("txtSazba", "cboDruh", "dtpDen", "txtReport", "cmdKonec",
-                                    "txtFaktura(3)"));
+TEST_F(BinderTest, TabGoesInTheModelsReadingOrderAndRaisesTheHint) {
+  for (int i = 0; i < 11; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_THAT(focused_,
+              ElementsAre("txtSazba", "cboDruh", "dtpDen", "txtReport", "cmdKonec", "optFramy(0)",
+                          "optZaok(0)", "cboText", "txtStrana", "lstRadky", "txtFaktura(3)"));
 }
 
 TEST_F(BinderTest, FocusByTheProgramOrByAWindowComingUpIsNoActOfTheUser) {
@@ -382,6 +649,23 @@ TEST(BinderDeathTest, ControlWithoutItsWidgetEndsTheProgram) {
       "frmTest has no widget of its kind for txtNikde");
 }
 
+TEST(BinderDeathTest, EditableListWhoseFormSaysOtherwiseEndsTheProgram) {
+  ui::MemoryEventLoop loop;
+  ui::Window model("frmTest", ui::WindowKind::kChild, loop);
+  ui::DropDown list(model, "cboText");
+  list.SetEditable();
+  const ui::LocaleFormat locale;
+  EXPECT_DEATH(
+      {
+        HintFilter hints;
+        QWidget root;
+        auto* box = new QComboBox(&root);
+        box->setObjectName("cboText");
+        new Binder(model, root, hints, locale);
+      },
+      "frmTest has no widget of its kind for cboText");
+}
+
 TEST_F(BinderTest, ReportValuesStandInOneColumnRightOfTheWidestLabel) {
   const QFontMetricsF metrics(report_.font());
   const auto stops = [&] { return report_.document()->defaultTextOption().tabs(); };
@@ -400,6 +684,21 @@ TEST(ReportBoxTest, WithoutTabStopsTheFontIsFixedPitch) {
   box.SetReport("a\tb", {});
   EXPECT_TRUE(QFontInfo(box.font()).fixedPitch());
   EXPECT_NEAR(box.tabStopDistance(), 8 * QFontMetricsF(box.font()).horizontalAdvance(u' '), 0.01);
+}
+
+TEST(ReportBoxTest, WithoutTabStopsTabsGoToEveryEighthCharacter) {
+  ReportBox box;
+  box.SetReport("", {});
+  // Each of these ends at the sixteenth character, also where it came later.
+  box.Append("\t\t|\n1234567\t\t|\n");
+  box.Append("žluťoučký\t|\n1234567890123456|\n");
+  std::vector<int> ends;
+  for (QTextBlock line = box.document()->begin(); !line.text().isEmpty(); line = line.next()) {
+    QTextCursor before_bar(line);
+    before_bar.setPosition(line.position() + line.length() - 2);
+    ends.push_back(box.cursorRect(before_bar).left());
+  }
+  EXPECT_EQ(ends, std::vector<int>(4, ends.front()));
 }
 
 }  // namespace

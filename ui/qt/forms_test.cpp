@@ -90,7 +90,18 @@ TEST_P(FormsTest, TheKeyboardCanGoWhereTheModelSaysAndNowhereElse) {
     const QWidget* widget = WidgetOf(*control);
     if (widget == nullptr || !control->enabled() || !control->visible()) continue;
     const bool reachable = (widget->focusPolicy() & Qt::TabFocus) != 0;
-    if (reachable != control->CanTakeFocus()) differing.push_back(control->name());
+    if (reachable != control->IsTabStop()) differing.push_back(control->name());
+  }
+  EXPECT_THAT(differing, IsEmpty());
+}
+
+TEST_P(FormsTest, WhatIsSeenIsWhatTheModelTakesForVisible) {
+  // A control stands in the same frame in the form and in the model.
+  std::vector<std::string> differing;
+  for (const ui::Control* control : model().controls()) {
+    const QWidget* widget = WidgetOf(*control);
+    if (widget == nullptr || dynamic_cast<const ui::MenuItem*>(control) != nullptr) continue;
+    if (widget->isVisible() != control->visible()) differing.push_back(control->name());
   }
   EXPECT_THAT(differing, IsEmpty());
 }

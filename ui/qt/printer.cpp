@@ -12,6 +12,7 @@
 #include <QPageRanges>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <algorithm>
@@ -147,6 +148,12 @@ std::unique_ptr<ui::PrintJob> Printer::AskUser(const std::string& document_name)
   ShowCopies(dialog);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
   return std::make_unique<PrintJob>(std::move(printer));
+}
+
+std::unique_ptr<ui::PrintJob> Printer::Default(const std::string& document_name) {
+  // Without a default printer Qt would take just any.
+  if (QPrinterInfo::defaultPrinter().isNull()) return AskUser(document_name);
+  return std::make_unique<PrintJob>(MakePagePrinter());
 }
 
 }  // namespace velta::qt

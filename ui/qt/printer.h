@@ -25,12 +25,14 @@ class Printer final : public ui::Printer {
  public:
   explicit Printer(EventLoop& event_loop) : event_loop_(event_loop) {}
   std::unique_ptr<ui::PrintJob> AskUser(const std::string& document_name) override;
+  std::unique_ptr<ui::PrintJob> Default(const std::string& document_name) override;
 
  private:
   EventLoop& event_loop_;
 };
 
-/// A printer set up for the program's pages: what the print dialog starts from.
+/// A printer set up for the program's pages, the default one where the user has it: what the print
+/// dialog starts from.
 std::unique_ptr<QPrinter> MakePagePrinter();
 
 }  // namespace velta::qt

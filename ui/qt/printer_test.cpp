@@ -199,9 +199,12 @@ class PrintDialogTest : public ::testing::Test {
     if (!old_config_.isEmpty()) qputenv("XDG_CONFIG_HOME", old_config_);
   }
 
+  using Question = std::unique_ptr<ui::PrintJob> (Printer::*)(const std::string&);
+
   /// Asks for a printer and lets `user` act on the dialog, which is cancelled if it is still open
   /// after that.
-  std::unique_ptr<ui::PrintJob> Ask(const std::function<void(QPrintDialog&)>& user) {
+  std::unique_ptr<ui::PrintJob> Ask(const std::function<void(QPrintDialog&)>& user,
+                                    Question question = &Printer::AskUser) {
     bool shown = false;
     QTimer::singleShot(0, &context_, [&] {
       auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
@@ -210,7 +213,7 @@ class PrintDialogTest : public ::testing::Test {
       user(*dialog);
       if (dialog->isVisible()) dialog->reject();
     });
-    auto job = service_.AskUser("Výpočet úroku z prodlení");
+    auto job = (service_.*question)("Výpočet úroku z prodlení");
     EXPECT_TRUE(shown);
     return job;
   }
@@ -298,6 +301,19 @@ TEST_F(PrintDialogTest, PrintsToTheFileThatTheUserNames) {
   ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, {{line}}}));
   if (!PdfToolsAreInstalled()) GTEST_SKIP() << "poppler-utils is not installed";
   EXPECT_THAT(PdfPages(file), ::testing::ElementsAre(std::vector({line})));
+}
+
+TEST_F(PrintDialogTest, IsShownForTheDefaultPrinterWhereThereIsNone) {
+  const auto job = Ask(
+      [](QPrintDialog& dialog) {
+        EXPECT_EQ(Find<QComboBox>(dialog, "printers").currentText(), "Tisk do souboru (PDF)");
+        Press(dialog, "&Tisk");
+      },
+      &Printer::Default);
+  ASSERT_NE(job, nullptr);
+  ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, {{"řádek"}}}));
+  EXPECT_TRUE(QFile::exists(home_.filePath("Výpočet úroku z prodlení.pdf")));
+  EXPECT_EQ(Ask([](QPrintDialog& dialog) { Press(dialog, "Zrušit"); }, &Printer::Default), nullptr);
 }
 
 TEST_F(PrintDialogTest, PrintsThePagesThatTheUserChooses) {

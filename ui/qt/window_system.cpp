@@ -247,6 +247,9 @@ std::unique_ptr<ui::WindowView> WindowSystem::CreateView(ui::Window& window) {
   auto* menu_bar = static_cast<QMainWindow*>(content)->menuBar();
   connect(new QShortcut(Qt::Key_F10, content), &QShortcut::activated, menu_bar,
           [menu_bar] { menu_bar->setActiveAction(menu_bar->actions().value(0)); });
+  auto* help = new QShortcut(Qt::Key_F1, content);
+  help->setAutoRepeat(false);
+  connect(help, &QShortcut::activated, this, [this, &window] { RequestHelp(window); });
   return std::make_unique<TopView>(*this, window, content);
 }
 
@@ -262,6 +265,11 @@ void WindowSystem::SubWindowActivated(QMdiSubWindow* sub_window) {
   active_ = sub_window;
   if (program_acts_) return;
   if (ui::Window* window = children_.value(sub_window)) window->Activated.Raise();
+}
+
+void WindowSystem::RequestHelp(ui::Window& main) {
+  ui::Window* child = children_.value(desktop_->activeSubWindow());
+  (child == nullptr ? main : *child).HelpRequested.Raise();
 }
 
 /// Alt+V is a menu and, in the calculation windows, a button: then the button is meant. Qt by

@@ -32,6 +32,7 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   class ChildView;
 
   void SubWindowActivated(QMdiSubWindow* sub_window);
+  void RequestHelp(ui::Window& main);
   bool ClickInActiveChild(const QShortcutEvent& event);
 
   const ui::LocaleFormat& locale_;

@@ -7,9 +7,11 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcutEvent>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 #include <string>
 #include <vector>
@@ -229,6 +231,45 @@ TEST_F(ChildTest, AccessKeyOfTheMenuAndTheActiveWindowsButtonIsTheButtons) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return clicks > 0; }, 1000));
   EXPECT_EQ(clicks, 1);
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(ChildTest, F1AsksTheWindowForHelpThatHasTheKeyboard) {
+  std::vector<std::string> asked;
+  main_.HelpRequested.Connect([&] { asked.emplace_back("main"); });
+  for (Child* child : {&first_, &second_}) {
+    child->HelpRequested.Connect([&asked, child] { asked.push_back(child->caption()); });
+  }
+  const auto press = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1); };
+  Main()->setFocus();
+  press();
+  ShowBoth();
+  second_.txtDluznaCastka.SetFocus();
+  press();
+  first_view_->Activate();
+  first_.cmdNovy.SetFocus();
+  press();
+  first_view_->Close();
+  second_view_->Close();
+  Main()->setFocus();
+  press();
+  EXPECT_THAT(asked, ElementsAre("main", "druhé", "první", "main"));
+}
+
+TEST_F(ChildTest, F1InAMessageBoxIsNotForTheWindowBelow) {
+  int asked = 0;
+  for (ui::Window* window : {&main_, static_cast<ui::Window*>(&first_)}) {
+    window->HelpRequested.Connect([&] { ++asked; });
+  }
+  first_view_->Show();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+  ASSERT_EQ(asked, 1);
+  QMessageBox box(Main());
+  QTimer::singleShot(0, &box, [&] {
+    QTest::keyClick(&box, Qt::Key_F1);
+    box.accept();
+  });
+  box.exec();
+  EXPECT_EQ(asked, 1);
 }
 
 TEST_F(WindowSystemTest, F10OpensTheMenuBar) {
