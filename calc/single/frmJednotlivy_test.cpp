@@ -911,8 +911,10 @@ TEST_F(frmJednotlivyTest, DeferredPrintRunsThePrintCommandOnce) {
 TEST_F(frmJednotlivyTest, HelpOpensAtItsTopic) {
   Open();
   form_->cmdHelp.UserClick();
-  ASSERT_EQ(memory_.help_viewer.opened.size(), 1U);
+  form_->HelpRequested.Raise();  // F1
+  ASSERT_EQ(memory_.help_viewer.opened.size(), 2U);
   EXPECT_EQ(memory_.help_viewer.opened[0].topic, 70);
+  EXPECT_EQ(memory_.help_viewer.opened[1].topic, 70);
   memory_.help_viewer.fails = true;
   form_->cmdHelp.UserClick();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"

@@ -8,7 +8,6 @@
 #include <QTest>
 #include <clocale>
 
-#include "ui/qt/help_viewer.h"
 #include "ui/qt/launcher.h"
 #include "ui/qt/opener.h"
 #include "ui/qt/program_folder.h"
@@ -64,13 +63,6 @@ TEST_F(DesktopServicesTest, TheEditorIsStarted) {
 
 TEST_F(DesktopServicesTest, AddressThatNobodyTakesIsRefused) {
   EXPECT_FALSE(Opener().Open("velta-neznamy://nikde"));
-}
-
-TEST_F(DesktopServicesTest, HelpThatIsNotThereIsRefused) {
-  const std::string file = ToUtf8(folder_.filePath("VELTA.CHM"));
-  HelpViewer viewer;
-  EXPECT_FALSE(viewer.OpenContents(file));
-  EXPECT_FALSE(viewer.OpenTopic(file, 70));
 }
 
 TEST(ProgramFolderTest, IsWhereTheProgramReallyLies) {

@@ -1,0 +1,39 @@
+#include "ui/qt/help_page.h"
+
+#include <QDesktopServices>
+
+#include "shell/common/addresses.h"
+#include "ui/qt/chm_file.h"
+
+namespace velta::qt {
+
+HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent) {
+  constexpr int kMargin = 16;
+  constexpr int kIndent = 24;
+  document()->setDocumentMargin(kMargin);
+  document()->setIndentWidth(kIndent);
+  setOpenLinks(false);
+  connect(this, &QTextBrowser::anchorClicked, this, &HelpPage::Follow);
+}
+
+QUrl HelpPage::AddressOf(const QString& name) { return "help:" + name; }
+
+QVariant HelpPage::loadResource(int type, const QUrl& name) {
+  if (file_ == nullptr) return {};
+  if (type == QTextDocument::HtmlResource) loading_ = name;
+  const QUrl address = loading_.resolved(name);
+  const QByteArray content = file_->Read(address.path());
+  if (type == QTextDocument::HtmlResource) return QString::fromUtf8(content);
+  return content;
+}
+
+void HelpPage::Follow(const QUrl& link) {
+  if (link.scheme() == loading_.scheme()) {
+    setSource(link);
+  } else if (QUrl(kHomePage).isParentOf(link)) {
+    // Out into the browser leads nothing but the maker's own pages.
+    QDesktopServices::openUrl(link);
+  }
+}
+
+}  // namespace velta::qt

@@ -1,0 +1,330 @@
+#include "ui/qt/help_viewer.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <algorithm>
+#include <functional>
+
+#include "ui/qt/help_window.h"
+#include "ui/qt/text.h"
+
+namespace velta::qt {
+namespace {
+
+/// Stands for the web browser.
+class Browser : public QTextBrowser {
+ public:
+  Browser() { QDesktopServices::setUrlHandler("https", this, "setSource"); }
+  ~Browser() override { QDesktopServices::unsetUrlHandler("https"); }
+  QStringList opened;
+
+ protected:
+  void doSetSource(const QUrl& address, QTextDocument::ResourceType /*type*/) override {
+    opened.append(address.toString());
+  }
+};
+
+class HelpViewerTest : public ::testing::Test {
+ protected:
+  ~HelpViewerTest() override {
+    viewer_.CloseAll();
+    Settle();
+  }
+
+  static void Settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  static QList<HelpWindow*> Windows() {
+    QList<HelpWindow*> windows;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* window = qobject_cast<HelpWindow*>(widget);
+      if (window != nullptr && window->isVisible()) windows.append(window);
+    }
+    return windows;
+  }
+
+  /// The only help window.
+  static HelpWindow& Window() {
+    EXPECT_EQ(Windows().size(), 1);
+    return *Windows().first();
+  }
+
+  HelpWindow& OpenTopic(int topic) {
+    EXPECT_TRUE(viewer_.OpenTopic(file_, topic));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    return Window();
+  }
+
+  template <class Widget>
+  static Widget& Find(HelpWindow& window, const char* name) {
+    return *window.findChild<Widget*>(name);
+  }
+  static QTextBrowser& Page(HelpWindow& window) { return Find<QTextBrowser>(window, "page"); }
+  static QString Current(HelpWindow& window) {
+    return Find<QTreeWidget>(window, "contents").currentItem()->text(0);
+  }
+
+  static void ForEachItem(HelpWindow& window, const std::function<void(QTreeWidgetItem*)>& visit) {
+    for (QTreeWidgetItemIterator item(&Find<QTreeWidget>(window, "contents")); *item != nullptr;
+         ++item) {
+      visit(*item);
+    }
+  }
+  static void Choose(HelpWindow& window, const QString& title) {
+    ForEachItem(window, [&](QTreeWidgetItem* item) {
+      if (item->text(0) == title) Find<QTreeWidget>(window, "contents").setCurrentItem(item);
+    });
+  }
+
+  const std::string file_ = ToUtf8(QCoreApplication::applicationDirPath() + "/VELTA.CHM");
+  HelpViewer viewer_;
+};
+
+TEST_F(HelpViewerTest, OpensAtItsContents) {
+  ASSERT_TRUE(viewer_.OpenContents(file_));
+  EXPECT_EQ(Window().page(), "/obsah.html");
+  EXPECT_EQ(Window().windowTitle(), "Nápověda programu Velta");
+  EXPECT_EQ(Current(Window()), "Nápověda programu Velta");
+  EXPECT_TRUE(Page(Window()).toPlainText().startsWith("Nápověda programu Velta"));
+  EXPECT_FALSE(Window().windowIcon().isNull());
+}
+
+TEST_F(HelpViewerTest, OpensAtATopic) {
+  EXPECT_EQ(OpenTopic(70).page(), "/jednotlivy-vypocet.html");
+  EXPECT_EQ(Window().windowTitle(), "Jednotlivý výpočet – Nápověda");
+  EXPECT_EQ(Current(Window()), "Jednotlivý výpočet");
+  viewer_.CloseAll();
+  EXPECT_EQ(OpenTopic(110).page(), "/penalizacni-faktura.html");
+  EXPECT_EQ(Current(Window()), "Penalizační faktura");
+}
+
+TEST_F(HelpViewerTest, UnknownTopicAndMissingOrDamagedFileAreRefused) {
+  const QTemporaryDir folder;
+  QFile damaged(folder.filePath("VELTA.CHM"));
+  ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+  damaged.write("ITSF, but not for long");
+  damaged.close();
+  EXPECT_FALSE(viewer_.OpenTopic(file_, 71));
+  EXPECT_FALSE(viewer_.OpenTopic(file_, 0));
+  for (const QString& file : {damaged.fileName(), folder.filePath("neni.chm"), folder.path()}) {
+    EXPECT_FALSE(viewer_.OpenContents(ToUtf8(file))) << file.toStdString();
+    EXPECT_FALSE(viewer_.OpenTopic(ToUtf8(file), 70)) << file.toStdString();
+  }
+  EXPECT_TRUE(Windows().isEmpty());
+}
+
+TEST_F(HelpViewerTest, EachPageHasItsWindowAndAllCloseTogether) {
+  ASSERT_TRUE(viewer_.OpenContents(file_));
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 70));
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 110));
+  EXPECT_EQ(Windows().size(), 3);
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 70));
+  EXPECT_EQ(Windows().size(), 3) << "its page stands there already";
+  viewer_.CloseAll();
+  EXPECT_TRUE(Windows().isEmpty());
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 70)) << "before the closed windows are gone";
+  EXPECT_EQ(Windows().size(), 1);
+}
+
+TEST_F(HelpViewerTest, MinimisedWindowComesBack) {
+  OpenTopic(70).showMinimized();
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 70));
+  EXPECT_FALSE(Window().isMinimized());
+}
+
+TEST_F(HelpViewerTest, WindowsGoWithTheViewer) {
+  {
+    HelpViewer viewer;
+    ASSERT_TRUE(viewer.OpenContents(file_));
+    EXPECT_EQ(Windows().size(), 1);
+  }
+  EXPECT_TRUE(Windows().isEmpty());
+}
+
+TEST_F(HelpViewerTest, EscClosesTheWindow) {
+  OpenTopic(70);
+  QTest::keyClick(&Page(Window()), Qt::Key_Escape);
+  EXPECT_TRUE(Windows().isEmpty());
+}
+
+TEST_F(HelpViewerTest, BackForwardAndHomeLeadThroughThePages) {
+  HelpWindow& window = OpenTopic(70);
+  auto& back = Find<QPushButton>(window, "cmdBack");
+  auto& forward = Find<QPushButton>(window, "cmdForward");
+  EXPECT_FALSE(back.isEnabled());
+  EXPECT_FALSE(forward.isEnabled());
+
+  Choose(window, "Otázky a odpovědi");
+  EXPECT_EQ(window.page(), "/otazky.html");
+  Choose(window, "Program");
+  EXPECT_EQ(window.page(), "/otazky.html") << "a heading has no page";
+  Find<QPushButton>(window, "cmdHome").click();
+  EXPECT_EQ(window.page(), "/obsah.html");
+
+  back.click();
+  EXPECT_EQ(window.page(), "/otazky.html");
+  EXPECT_EQ(Current(window), "Otázky a odpovědi");
+  QTest::keyClick(&Page(window), Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
+  EXPECT_FALSE(back.isEnabled());
+  QTest::keyClick(&Page(window), Qt::Key_Right, Qt::AltModifier);
+  EXPECT_EQ(window.page(), "/otazky.html");
+  forward.click();
+  EXPECT_EQ(window.page(), "/obsah.html");
+  EXPECT_FALSE(forward.isEnabled());
+  Choose(window, "Jednotlivý výpočet");
+  QTest::keyClick(&Page(window), Qt::Key_Home, Qt::AltModifier);
+  EXPECT_EQ(window.page(), "/obsah.html");
+}
+
+TEST_F(HelpViewerTest, LinksLeadToPagesAndToPlacesInThem) {
+  HelpWindow& window = OpenTopic(70);
+  QTextBrowser& page = Page(window);
+  QTest::keyClick(&page, Qt::Key_Tab);  // to the first link
+  QTest::keyClick(&page, Qt::Key_Return);
+  EXPECT_EQ(window.page(), "/zakonna-sazba.html");
+  EXPECT_EQ(Current(window), "Zákonná sazba podle dne, kdy prodlení začalo");
+  QTest::keyClick(&page, Qt::Key_Tab);
+  QTest::keyClick(&page, Qt::Key_Return);
+  EXPECT_EQ(page.source().toString(), "help:/zakonna-sazba.html#tabulka");
+  EXPECT_EQ(Current(window), "Zákonná sazba podle dne, kdy prodlení začalo");
+}
+
+TEST_F(HelpViewerTest, OnlyTheMakersPagesOpenInTheBrowser) {
+  const Browser browser;
+  HelpWindow& window = OpenTopic(70);
+  for (const char* link : {"https://velta.example/podpora/", "https://velta.example.org/",
+                           "https://example.com/", "http://velta.example/", "file:///etc/passwd"}) {
+    emit Page(window).anchorClicked(QUrl(link));
+  }
+  EXPECT_EQ(browser.opened, QStringList("https://velta.example/podpora/"));
+  EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
+}
+
+TEST_F(HelpViewerTest, FindGoesThroughThePageRoundItsEnd) {
+  HelpWindow& window = OpenTopic(70);
+  QTextBrowser& page = Page(window);
+  auto& text = Find<QLineEdit>(window, "txtFind");
+  auto& not_found = Find<QLabel>(window, "lblNotFound");
+  const auto found = [&] { return page.textCursor().selectedText(); };
+  const auto position = [&] { return page.textCursor().selectionStart(); };
+
+  QTest::keyClick(&page, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), &text);
+  text.setText("kalendáři");
+  QTest::keyClick(&text, Qt::Key_Return);
+  EXPECT_EQ(found(), "kalendáři");
+  const int only = position();
+  QTest::keyClick(&text, Qt::Key_Return);
+  EXPECT_EQ(position(), only) << "round the end to the only one";
+
+  text.setText("smlouvy");
+  QTest::keyClick(&page, Qt::Key_F3);
+  const int first = position();
+  QTest::keyClick(&page, Qt::Key_F3);
+  const int second = position();
+  EXPECT_LT(first, second);
+  QTest::keyClick(&page, Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_EQ(position(), first);
+  Find<QPushButton>(window, "cmdPrevious").click();
+  EXPECT_EQ(position(), second) << "round the start";
+  EXPECT_EQ(not_found.text(), "");
+
+  text.setText("žirafa");
+  Find<QPushButton>(window, "cmdNext").click();
+  EXPECT_EQ(not_found.text(), "Nenalezeno");
+  EXPECT_EQ(position(), second);
+  text.setText("");
+  EXPECT_EQ(not_found.text(), "");
+  Find<QPushButton>(window, "cmdNext").click();
+  EXPECT_EQ(not_found.text(), "");
+}
+
+TEST_F(HelpViewerTest, LettersGrowAndShrink) {
+  HelpWindow& window = OpenTopic(70);
+  QTextBrowser& page = Page(window);
+  const auto height = [&] { return page.document()->size().height(); };
+  const double was = height();
+  QTest::keyClick(&page, Qt::Key_Plus, Qt::ControlModifier);
+  const double larger = height();
+  EXPECT_GT(larger, was);
+  Find<QPushButton>(window, "cmdLarger").click();
+  EXPECT_GT(height(), larger);
+  QTest::keyClick(&page, Qt::Key_Minus, Qt::ControlModifier);
+  Find<QPushButton>(window, "cmdSmaller").click();
+  EXPECT_EQ(height(), was);
+}
+
+TEST_F(HelpViewerTest, ContentsNamesEveryPageByItsTitle) {
+  ASSERT_TRUE(viewer_.OpenContents(file_));
+  HelpWindow& window = Window();
+  QStringList pages;
+  ForEachItem(window, [&](QTreeWidgetItem* item) {
+    if (!item->data(0, Qt::UserRole).isValid()) return;
+    Find<QTreeWidget>(window, "contents").setCurrentItem(item);
+    pages.append(window.page().mid(1));
+    EXPECT_EQ(Page(window).documentTitle(), item->text(0));
+    EXPECT_TRUE(Page(window).toPlainText().startsWith(item->text(0) + '\n'));
+  });
+  pages.sort();
+  EXPECT_EQ(pages, QDir(VELTA_SOURCE_DIR "/help").entryList({"*.html"}, QDir::Files, QDir::Name));
+}
+
+/// Each piece of text or picture on a page.
+void ForEachFragment(const QTextDocument& page, const std::function<void(QTextFragment)>& visit) {
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); !part.atEnd(); ++part) visit(part.fragment());
+  }
+}
+
+TEST_F(HelpViewerTest, EveryLinkLeadsSomewhereAndEveryPictureIsThere) {
+  ASSERT_TRUE(viewer_.OpenContents(file_));
+  QTextBrowser& page = Page(Window());
+  QStringList targets;  // pages, and pages with a place in them
+  QList<std::pair<QString, QUrl>> links;
+  int pictures = 0;
+  ForEachItem(Window(), [&](QTreeWidgetItem* item) {
+    const QUrl address = item->data(0, Qt::UserRole).toUrl();
+    if (address.isEmpty()) return;
+    page.setSource(address);
+    targets.append(address.toString());
+    EXPECT_EQ(page.document()->begin().charFormat().foreground().color(), QColor("#1f4e79"))
+        << "the style sheet has been read for " << address.toString().toStdString();
+    ForEachFragment(*page.document(), [&](const QTextFragment& part) {
+      const QTextCharFormat format = part.charFormat();
+      for (const QString& name : format.anchorNames()) {
+        targets.append(address.toString() + '#' + name);
+      }
+      if (!format.anchorHref().isEmpty()) {
+        links.append({address.path(), address.resolved(format.anchorHref())});
+      }
+      if (!format.isImageFormat()) return;
+      ++pictures;
+      const QUrl picture(format.toImageFormat().name());
+      const QVariant shown = page.document()->resource(QTextDocument::ImageResource, picture);
+      EXPECT_TRUE(shown.canConvert<QImage>() || !QImage::fromData(shown.toByteArray()).isNull())
+          << picture.toString().toStdString();
+    });
+  });
+  EXPECT_GE(pictures, 2);
+  EXPECT_GE(links.size(), 30);
+  for (const auto& [from, link] : links) {
+    EXPECT_TRUE(targets.contains(link.toString()) ||
+                link.toString().startsWith("https://velta.example/"))
+        << from.toStdString() << " leads to " << link.toString().toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace velta::qt
