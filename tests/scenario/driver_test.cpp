@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <utility>
@@ -65,6 +66,7 @@ class FormMaker final : public ui::ControlVisitor {
   void Visit(ui::DropDown& control) override {
     auto* list = new QComboBox(&root_);
     list->setEditable(control.editable());
+    list->setPlaceholderText("Vyberte");
     Add(control, list);
   }
   void Visit(ui::Frame& control) override { Add(control, &page_); }
@@ -186,6 +188,18 @@ TEST_P(DriverTest, TypesIntoAnEditableListKeyByKey) {
   EXPECT_EQ(Focused(), "cboVolny");
 }
 
+TEST_P(DriverTest, ListInWhichNothingIsChosenHasNoText) {
+  EXPECT_EQ(Get(form().cboPevny, "text"), "\"\"");
+  EXPECT_EQ(Get(form().cboVolny, "text"), "\"\"");
+}
+
+TEST_P(DriverTest, NoKeyTypesAControlCharacter) {
+  EXPECT_TRUE(driver_->Type(form().txtUdaj,
+                            "a\u0085b\x07\x7F"
+                            "c"));
+  EXPECT_EQ(Get(form().txtUdaj, "text"), "\"abc\"");
+}
+
 TEST_P(DriverTest, TypedItemInAnotherCaseStaysAsItIs) {
   EXPECT_TRUE(driver_->Type(form().cboVolny, "JEDNA\r"));
   EXPECT_TRUE(driver_->Focus(form().txtUdaj));
@@ -297,6 +311,14 @@ TEST_P(DriverTest, TabComesToTheChosenOption) {
   EXPECT_EQ(Focused(), "optZaok(1)");
   EXPECT_TRUE(driver_->Type(form().cboVolny, "\t\t\t"));
   EXPECT_EQ(Focused(), "txtStrana");
+}
+
+TEST_P(DriverTest, ClockStandsStill) {
+  bool ran = false;
+  driver_->event_loop().After(std::chrono::milliseconds(1), [&] { ran = true; });
+  QTest::qSleep(20);
+  driver_->Settle();
+  EXPECT_FALSE(ran);
 }
 
 INSTANTIATE_TEST_SUITE_P(Platforms, DriverTest, ::testing::Values("memory", "qt"),

@@ -14,6 +14,13 @@ std::string_view TakeCharacter(std::string_view& text) {
   return character;
 }
 
+/// Whether it is a control character, such as U+0085: no key types one.
+bool IsControl(std::string_view character) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  if (character.size() == 1) return byte(0) < 0x20 || byte(0) == 0x7F;
+  return character.size() == 2 && byte(0) == 0xC2 && byte(1) < 0xA0;
+}
+
 /// Acts on the models themselves and reads them.
 class MemoryDriver final : public Driver {
  public:
@@ -109,8 +116,10 @@ class MemoryDriver final : public Driver {
 
   void MoveFocus(ui::Control& control) {
     if (!control.CanTakeFocus()) return;
-    if (Form* form = windows().Find(control.window().name())) windows().Activate(*form);
+    // In a window that lies below others the keyboard comes straight to the control, not by way of
+    // the one that had it before.
     control.SetFocus();
+    if (Form* form = windows().Find(control.window().name())) windows().Activate(*form);
   }
 
   ui::Control* FocusedControl() const {
@@ -125,6 +134,7 @@ class MemoryDriver final : public Driver {
       focused->window().FocusNext();
       return;
     }
+    if (character != "\r" && IsControl(character)) return;
     if (auto* const button = dynamic_cast<ui::Button*>(focused)) {
       if (character == "\r") button->UserClick();
       return;

@@ -23,6 +23,7 @@
 #include <QPlainTextEdit>
 #include <QTemporaryFile>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 #include <algorithm>
 #include <optional>
@@ -48,6 +49,11 @@ using qt::ToUtf8;
 /// A text with every kind of line break as a line feed, as widgets keep it.
 QString WithLineFeeds(QString text) {
   return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
+/// The text of a report with its characters as they are: toPlainText makes blanks of no-break ones.
+QString TextOf(const QPlainTextEdit& report) {
+  return report.document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }
 
 /// What the user sees, but with the line ends that the program wrote.
@@ -89,7 +95,8 @@ void PickRow(QListWidget& list, int row) {
 class WatchedEventLoop final : public ui::EventLoop {
  public:
   Ticket After(std::chrono::milliseconds delay, std::function<void()> callback) override {
-    if (delay.count() > 0) return loop_.After(delay, std::move(callback));
+    // A scenario's clock stands still: what waits for time to pass never comes.
+    if (delay.count() > 0) return loop_.After(std::chrono::years(1), std::move(callback));
     // The ticket is known only after the request; the callback does not run before that.
     const auto own_ticket = std::make_shared<Ticket>();
     *own_ticket = loop_.After(delay, [this, own_ticket, callback = std::move(callback)] {
@@ -460,7 +467,9 @@ QPoint QtDriver::BarePoint(const QWidget& widget) const {
     while (hit != nullptr && !IsPlace(*hit)) hit = hit->parentWidget();
     if (hit == &widget || (hit == nullptr && widget.isWindow())) return at;
   }
-  return widget.rect().center();  // all of it is covered
+  // All of it is covered.
+  const QPoint centre = widget.rect().center();
+  return widget.mapToGlobal(centre) == QCursor::pos() ? centre + QPoint(1, 0) : centre;
 }
 
 bool QtDriver::IsPlace(const QWidget& widget) const {
@@ -529,7 +538,7 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
   if (const auto* const list = qobject_cast<QListWidget*>(&widget)) return GetOf(*list, property);
   if (const auto* const report = qobject_cast<QPlainTextEdit*>(&widget)) {
     return Value::Text(
-        AsWritten(report->toPlainText(), dynamic_cast<const ui::TextBox&>(control).text()));
+        AsWritten(TextOf(*report), dynamic_cast<const ui::TextBox&>(control).text()));
   }
   if (const auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
     if (property.name == "text") return Value::Text(ToUtf8(edit->text()));
@@ -553,8 +562,7 @@ Value QtDriver::GetOf(const QComboBox& list, const Property& property) {
     return property.index < list.count() ? Value::Text(ToUtf8(list.itemText(property.index)))
                                          : Value::Bare("unset");
   }
-  const bool shows_placeholder = !list.isEditable() && list.currentIndex() < 0;
-  return Value::Text(ToUtf8(shows_placeholder ? list.placeholderText() : list.currentText()));
+  return Value::Text(ToUtf8(list.currentText()));
 }
 
 Value QtDriver::GetOf(const QListWidget& list, const Property& property) {
