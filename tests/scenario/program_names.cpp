@@ -60,8 +60,7 @@ Names ProgramNames() {
   Windows& windows = velta.program().windows;
   for (const std::string& name : windows.names()) windows.Open(name);
   // What the program asks for by name but does not have yet is never open; a scenario may say so.
-  for (const char* coming :
-       {"frmPostupny", "frmFaktura"}) {
+  for (const char* coming : {"frmPostupny", "frmFaktura"}) {
     collector.names.try_emplace(coming);
   }
   return std::move(collector.names);

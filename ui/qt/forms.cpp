@@ -25,12 +25,9 @@ QWidget* Make() {
 
 QWidget* MakeForm(const QString& name) {
   static const QHash<QString, QWidget* (*)()> kForms = {
-      {"frmAbout", &Make<Ui::frmAbout>},
-      {"frmHistory", &Make<Ui::frmHistory>},
-      {"frmJednotlivy", &Make<Ui::frmJednotlivy>},
-      {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
-      {"frmNastaveni", &Make<Ui::frmNastaveni>},
-      {"frmSplash", &Make<Ui::frmSplash>},
+      {"frmAbout", &Make<Ui::frmAbout>},           {"frmHistory", &Make<Ui::frmHistory>},
+      {"frmJednotlivy", &Make<Ui::frmJednotlivy>}, {"frmMenu", &Make<Ui::frmMenu, QMainWindow>},
+      {"frmNastaveni", &Make<Ui::frmNastaveni>},   {"frmSplash", &Make<Ui::frmSplash>},
   };
   const auto form = kForms.find(name);
   return form == kForms.end() ? nullptr : (*form)();
