@@ -38,12 +38,10 @@ class Browser : public QTextBrowser {
 
 class HelpViewerTest : public ::testing::Test {
  protected:
-  ~HelpViewerTest() override {
+  void TearDown() override {
     viewer_.CloseAll();
-    Settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-
-  static void Settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
   static QList<HelpWindow*> Windows() {
     QList<HelpWindow*> windows;
