@@ -582,11 +582,15 @@ TEST_F(frmNastaveniTest, GarbledRepoTableIsReportedAfterItsGoodRows) {
 
 TEST_F(frmNastaveniTest, StoreThatCannotBeReadIsReported) {
   memory_.settings_store.fails = true;
-  const frmNastaveni& window = Open();
+  const int writes = memory_.settings_store.writes;
+  frmNastaveni& window = Open();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 75 (Chyba přístupu k cestě nebo souboru) v proceduře\r\n"
                                    "(Form_Load) of (frmNastaveni.frm)."));
   EXPECT_EQ(settings_.RoundingMode(), "NE") << "the record keeps what it had";
   EXPECT_EQ(window.cmdKonec.caption(), "&Konec");
+  memory_.settings_store.fails = false;
+  EXPECT_FALSE(window.cmdPouzit.UserClick()) << "empty boxes must not replace the firm's data";
+  EXPECT_EQ(memory_.settings_store.writes, writes);
 }
 
 TEST_F(frmNastaveniTest, StoreThatCannotBeWrittenIsReported) {
