@@ -1,4 +1,4 @@
-#include "ui/qt/help_viewer.h"
+#include "ui/qt/help/help_viewer.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "ui/qt/help_window.h"
+#include "ui/qt/help/help_window.h"
 #include "ui/qt/text.h"
 
 namespace velta::qt {

@@ -1,10 +1,10 @@
-#include "ui/qt/help_window.h"
+#include "ui/qt/help/help_window.h"
 
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
 
-#include "ui/qt/help_contents.h"
+#include "ui/qt/help/help_contents.h"
 #include "ui_HelpWindow.h"
 
 namespace velta::qt {
