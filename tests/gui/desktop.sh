@@ -74,14 +74,19 @@ stays() {
   echo "ok: $what"
 }
 
-start_desktop() {
+# need_tools TOOL...: without them the script is skipped
+need_tools() {
   local tool
-  for tool in Xvfb openbox xdotool xclip xprop setxkbmap import; do
+  for tool in "$@"; do
     if ! command -v "$tool" >/dev/null; then
       echo "Skipped: $tool is not installed (./dev test installs it)."
       exit 77
     fi
   done
+}
+
+start_desktop() {
+  need_tools Xvfb openbox xdotool xclip xprop setxkbmap import
   export HOME=$scratch/home
   export XDG_CONFIG_HOME=$HOME/.config XDG_RUNTIME_DIR=$scratch/runtime
   mkdir -p "$XDG_CONFIG_HOME"
@@ -123,7 +128,7 @@ program_runs() { kill -0 "$program_pid"; }
 # A child that has ended stays in the list of processes, as a zombie, until somebody waits for it.
 program_has_ended() { [[ ! -e /proc/$program_pid ]] || grep -q '^State:.Z' "/proc/$program_pid/status"; }
 
-# kind_of WINDOW: main, splash, box (a message box) or popup (a menu, the calendar)
+# kind_of WINDOW: main, splash, help, box (a message box) or popup (a menu, the calendar)
 kind_of() {
   local types name
   types=$(xprop -id "$1" _NET_WM_WINDOW_TYPE 2>/dev/null) || return 0
@@ -131,8 +136,13 @@ kind_of() {
   case $types in
     *"= _NET_WM_WINDOW_TYPE_SPLASH"*) echo splash ;;
     *"= _NET_WM_WINDOW_TYPE_DIALOG"*) echo box ;;
-    # Qt names a window without a title after the program's file.
-    *) if [[ $name == velta ]]; then echo popup; else echo main; fi ;;
+    *)
+      case $name in
+        velta) echo popup ;;  # Qt names a window without a title after the program's file.
+        *"Nápověda programu Velta") echo help ;;
+        *) echo main ;;
+      esac
+      ;;
   esac
 }
 
@@ -201,6 +211,21 @@ open_calculation() {
   menu v j
   expect "the due date" "$(date -d '12:00 15 days ago' +%-d.%-m.%Y)" field_text
 }
+
+# enter_single DUE PAID AMOUNT: into the single calculation; the keyboard stays in the amount. The due date goes
+# first: it is before the payment date at every step.
+enter_single() {
+  fill "$1"
+  press Tab
+  expect "the payment date" "$(date +%-d.%-m.%Y)" field_text
+  fill "$2"
+  press Tab
+  fill "$3"
+}
+
+# printed_lines PDF: what is printed, line by line from the first column on. Before it stands the margin of 27
+# points, 4.5 columns.
+printed_lines() { pdftotext -layout -fixed 6 "$1" - | tr -d '\f' | sed -n 's/^     //p'; }
 
 # copied_report: the report as "Kopírovat výpočet do schránky" gives it
 copied_report() {
