@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcutEvent>
 #include <QTest>
 #include <QTimer>
@@ -118,6 +119,15 @@ TEST_F(WindowSystemTest, BusyWindowThatClosesTakesItsHourglassAlong) {
   main_.SetBusy(true);
   main_view_->Close();
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(WindowSystemTest, MainWindowThatIsLargerThanTheScreenFillsIt) {
+  const QRect screen = Main()->screen()->availableGeometry();
+  ASSERT_LT(screen.width(), 1120) << "the width that the form asks for";
+  EXPECT_TRUE(Main()->isMaximized());
+  Main()->showNormal();
+  EXPECT_LT(Main()->width(), screen.width()) << "with room for its frame";
+  EXPECT_LT(Main()->height(), screen.height());
 }
 
 TEST_F(WindowSystemTest, MinimisedMainWindowIsRestoredByShow) {
