@@ -124,7 +124,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::FocusIn:
       // Only where the user led the keyboard; a window that comes to the front is not such an act.
-      if (IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
+      // From a widget that gets hidden with its window Qt goes on as by Tab, to one just as hidden.
+      if (static_cast<QWidget*>(watched)->isVisible() &&
+          IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
         const QScopedValueRollback leading(user_leads_, true);
         controls_.value(watched)->SetFocus();
       }

@@ -231,6 +231,23 @@ TEST_F(ChildTest, MinimisedWindowIsRestoredByShow) {
   EXPECT_EQ(Desktop().activeSubWindow(), sub);
 }
 
+TEST_F(ChildTest, KeyboardFindsItsPlaceAgainInAWindowThatWasMinimisedOrCovered) {
+  ShowBoth();
+  first_view_->Activate();
+  first_.txtDluznaCastka.SetFocus();
+  Sub("první")->showMinimized();
+  EXPECT_EQ(first_.focused(), &first_.txtDluznaCastka) << "minimised";
+  first_view_->Show();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+  // Of maximised windows only the active one is seen.
+  Sub("první")->showMaximized();
+  second_view_->Show();
+  EXPECT_EQ(first_.focused(), &first_.txtDluznaCastka) << "covered";
+  second_view_->Close();
+  first_view_->Activate();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+}
+
 TEST_F(ChildTest, AccessKeyOfTheMenuAndTheActiveWindowsButtonIsTheButtons) {
   int clicks = 0;
   first_.cmdNovy.Click.Connect([&] { ++clicks; });
