@@ -32,15 +32,29 @@ keep() {
 
 # keep_window NAME: the window that stands inside the main window now; found by what differs from no window
 keep_window() {
-  local left top width height box
-  read -r left top width height < <(main_window)
+  local main_left main_top main_width main_height box
+  read -r main_left main_top main_width main_height < <(main_window)
   sleep 0.5
   picture open
   box=$(convert "$work/empty.png" "$work/open.png" \
-    -crop "${width}x$((height - TOP - BOTTOM))+$left+$((top + TOP))" +repage \
+    -crop "${main_width}x$((main_height - TOP - BOTTOM))+$main_left+$((main_top + TOP))" +repage \
     -compose difference -composite -threshold 2% -format '%@' info:)
-  IFS='x+' read -r width height box_left box_top <<<"$box"
-  keep "$1" $((left + box_left)) $((top + TOP + box_top)) "$width" "$height"
+  IFS='x+' read -r width height left top <<<"$box"
+  left=$((main_left + left))
+  top=$((main_top + TOP + top))
+  keep "$1" "$left" "$top" "$width" "$height"
+}
+
+# close_window: by its button; until the menus have the keys
+close_window() {
+  press alt+k
+  sleep 0.5
+}
+
+# put_aside: minimises the window that was kept last, by the first of the three buttons in its corner
+put_aside() {
+  xdotool mousemove $((left + width - 54)) $((top + 12)) click 1 mousemove 1279 899
+  BOTTOM=70  # there it stands now
 }
 
 start_desktop
@@ -48,6 +62,12 @@ start_velta "$program"
 open_main_window
 sleep 0.5
 picture empty
+
+# The settings, as the first run makes them
+menu v n
+wait_until "the settings are open" sleep 1
+keep_window frmNastaveni
+close_window
 
 # The single calculation, with the example of its page
 open_calculation
@@ -58,7 +78,36 @@ press Tab
 fill '10 000'
 press Tab Down Down Down Tab
 keep_window frmJednotlivy
-press alt+k
+close_window
+
+# The progressive calculation, with the first example of its page
+menu v p
+wait_until "the progressive calculation is open" sleep 1
+fill '60 000'
+press Tab
+fill 31.1.2025
+press Tab Tab
+fill 12
+press Tab
+fill 28.2.2025
+press Tab
+fill '20 000'
+press alt+p
+wait_until "the first payment is added" sleep 0.5
+press shift+Tab
+fill 30.4.2025
+press Tab
+fill '40 000'
+press alt+p
+wait_until "the second payment is added" sleep 0.5
+keep_window frmPostupny
+
+# The invoice for it
+put_aside
+menu z v
+expect "the invoice's number" "(nothing)" field_text
+keep_window frmFaktura
+close_window
 
 # The main window at a size at which its menu can be read
 xdotool windowsize --sync "$(open_windows main)" 760 330

@@ -105,8 +105,11 @@ void frmNastaveni::OnLoad() {
   optFramy[0].Choose();
   ShowPage(0);
   SetCaptions();
-  // The tables last: without their files everything else is there all the same.
+  // Where the store cannot be read the boxes stay empty, and must not be stored over what is there.
+  cmdPouzit.SetEnabled(false);
   ShowSettings();
+  cmdPouzit.SetEnabled(true);
+  // The tables last: without their files everything else is there all the same.
   ShowDiscountRates();
   ShowRepoRates();
 }

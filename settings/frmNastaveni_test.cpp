@@ -59,11 +59,10 @@ class frmNastaveniTest : public ProgramTest {
 
   /// The boxes in the order of their keys.
   static std::vector<ui::TextBox*> Texts(frmNastaveni& window) {
-    std::vector<ui::TextBox*> texts;
-    for (ui::TextBox& box : window.txtfields) texts.push_back(&box);
-    texts.push_back(&window.Text1);
-    for (ui::TextBox& box : window.Text2) texts.push_back(&box);
-    return texts;
+    auto& firm = window.txtfields;
+    auto& closing = window.Text2;
+    return {&firm[0], &firm[1], &firm[2],      &firm[3],    &firm[4],    &firm[5],
+            &firm[6], &firm[7], &window.Text1, &closing[0], &closing[1], &closing[2]};
   }
   static std::vector<std::string> VisiblePages(const frmNastaveni& window) {
     std::vector<std::string> visible;
@@ -96,6 +95,7 @@ class frmNastaveniTest : public ProgramTest {
 template <class C, std::size_t kCount>
 std::vector<std::string> Captions(const std::array<C, kCount>& controls) {
   std::vector<std::string> captions;
+  captions.reserve(kCount);
   for (const C& control : controls) captions.push_back(control.caption());
   return captions;
 }
@@ -140,12 +140,11 @@ TEST_F(frmNastaveniTest, OpensOnTheInvoicePageReadyToType) {
 
 TEST_F(frmNastaveniTest, ShowsTheStoredTexts) {
   StoreTexts();
-  frmNastaveni& window = Open();
-  std::vector<std::string> shown;
-  for (const ui::TextBox* box : Texts(window)) shown.push_back(box->text());
-  std::vector<std::string> stored;
-  for (const auto& [key, value] : kStored) stored.push_back(value);
-  EXPECT_EQ(shown, stored);
+  const std::vector<ui::TextBox*> texts = Texts(Open());
+  ASSERT_EQ(texts.size(), kStored.size());
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(texts[i]->text(), kStored[i].second) << texts[i]->name();
+  }
 }
 
 TEST_F(frmNastaveniTest, MissingTextsAreEmptyButForTheItemLine) {
@@ -595,11 +594,15 @@ TEST_F(frmNastaveniTest, GarbledRepoTableIsReportedAfterItsGoodRows) {
 
 TEST_F(frmNastaveniTest, StoreThatCannotBeReadIsReported) {
   memory_.settings_store.fails = true;
-  const frmNastaveni& window = Open();
+  const int writes = memory_.settings_store.writes;
+  frmNastaveni& window = Open();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 75 (Chyba přístupu k cestě nebo souboru) v proceduře\r\n"
                                    "(Form_Load) of (frmNastaveni.frm)."));
   EXPECT_EQ(settings_.RoundingMode(), "NE") << "the record keeps what it had";
   EXPECT_EQ(window.cmdKonec.caption(), "&Konec");
+  memory_.settings_store.fails = false;
+  EXPECT_FALSE(window.cmdPouzit.UserClick()) << "empty boxes must not replace the firm's data";
+  EXPECT_EQ(memory_.settings_store.writes, writes);
 }
 
 TEST_F(frmNastaveniTest, StoreThatCannotBeWrittenIsReported) {

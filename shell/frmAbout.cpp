@@ -28,7 +28,8 @@ void frmAbout::OnLoad() {
                     std::to_string(info.revision));
   lblUzivatel.SetCaption("Uživatel  " + program_.platform.user_name.Get().value_or("<neznámý>"));
   Label3.SetCaption("© 2026 autoři programu Velta. Svobodný program pod licencí MIT, bez záruky.");
-  Label5.SetCaption("Používá knihovnu Qt pod licencí GNU LGPL verze 3.");
+  Label5.SetCaption(
+      "Používá knihovny Qt (licence GNU LGPL verze 3) a CHMLIB (GNU LGPL verze 2.1).");
   Label6.SetCaption("Technická podpora");
   LblMailto.SetCaption(kSupportMail);
   Label8.SetCaption(kSupportPage);

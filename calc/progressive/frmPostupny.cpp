@@ -166,7 +166,7 @@ void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
 
   state.InterestAmount = RoundInterest(state.InterestAmount);
   state.AmountWithInterest = state.BaseAmount + Money::FromDouble(state.InterestAmount);
-  const Money balance = DebtAmount - PaymentAmount;
+  RemainingBalance = DebtAmount - PaymentAmount;
   if (PaymentAmount > DebtAmount) {
     Message(ui::Icon::kCritical, "Nesprávně zadaná hodnota částečné platby !");
     txtData[kPayment].SetText("");
@@ -178,7 +178,7 @@ void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
   payment.date = state.PaymentDate.value();
   payment.days = state.DaysLate;
   payment.amount = PaymentAmount;
-  payment.balance = balance;
+  payment.balance = RemainingBalance;
   payment.interest = state.InterestAmount;
   payment.periods = std::move(periods);
   RecordPayment(std::move(payment));
@@ -258,7 +258,7 @@ void frmPostupny::cmdNovy_Click() {
   CancelRepo();
   program_.state.CalculationFinished = false;
   result_ = {};
-  DebtAmount = PaymentAmount = Money();
+  DebtAmount = PaymentAmount = RemainingBalance = Money();
   ClearResults();
   ClearTotals();
   for (ui::TextBox& box : txtData) box.SetText("");

@@ -72,6 +72,7 @@ class frmPostupny final : public CalculationForm {
   // The payment being added.
   Money DebtAmount;  ///< the balance before it
   Money PaymentAmount;
+  Money RemainingBalance;  ///< the balance after it
 
   ProgressiveResult result_;
 };

@@ -504,6 +504,7 @@ TEST_F(frmPostupnyTest, FirstPaymentIsRecordedAndLocksTheInvoice) {
 
 TEST_F(frmPostupnyTest, PublishesTheSharedValues) {
   Open();
+  state().InterestTotal = Money::FromUnits(1);
   EnterSampleInvoice();
   Pay(Day(2004, 1, 31), "4000");
   EXPECT_EQ(state().DueDate, Day(2004, 1, 1));
@@ -1179,6 +1180,7 @@ TEST_F(frmPostupnyTest, HalfYearThatTheTableLacksIsReportedUnderTheCalculation) 
 TEST_F(frmPostupnyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
   RateFolder folder;
   memory_.program_folder.path = folder.path();
+  state().ReportText = "starý";
   Open();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
                                    "(Form_Load) of (frmPocitejCNB.frm).",
@@ -1186,6 +1188,7 @@ TEST_F(frmPostupnyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
                                    "(Form_Load) of (frmPostupny.frm)."));
   ASSERT_TRUE(windows().IsLoaded("frmPostupny"));
   EXPECT_EQ(form_->txtPostup.text(), "") << "the load ended before the heading";
+  EXPECT_EQ(state().ReportText, "");
   EnterSampleInvoice();
   Pay(Day(2004, 1, 31), "10000");
   EXPECT_THAT(Rows(form_->List4), ElementsAre("82,19"));
@@ -1298,6 +1301,7 @@ TEST_F(frmPostupnyTest, RecordHoldsEveryPayment) {
   EXPECT_EQ(first.periods.size(), 1U);
   const Payment& second = record.payments[1];
   EXPECT_EQ(second.days, 20);
+  EXPECT_DOUBLE_EQ(second.interest, 25.0) << "its own half-years, without the payment before";
   EXPECT_EQ(second.balance, Money());
   EXPECT_EQ(second.interest_sum, Money::FromUnits(250'000));
   EXPECT_EQ(second.periods.size(), 2U);
@@ -1535,6 +1539,7 @@ TEST_F(frmPostupnyTest, CloseButtonUnloadsAndClearsTheSharedValues) {
   EnterInvoice("10000", Day(2005, 3, 10), kDiscount, "");
   Pay(Day(2005, 6, 20), "4000");
   Pay(Day(2005, 6, 30), "6000");
+  state().SingleFormOpen = true;
   form_->cmdKonec.UserClick();
   EXPECT_FALSE(windows().IsLoaded("frmPostupny"));
   EXPECT_EQ(HintText(), "Připraven");

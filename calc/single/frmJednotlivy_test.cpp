@@ -890,6 +890,15 @@ TEST_F(frmJednotlivyTest, PrintAndInvoiceNeedAFinishedCalculation) {
   EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
 }
 
+TEST_F(frmJednotlivyTest, ResultThatIsDeclaredVoidIsNotPrinted) {
+  Open();
+  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
+  state().CalculationFinished = false;  // as the invoice does when it closes
+  form_->cmdTiskVyp.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre("Výpočet ještě není dokončen, nelze tisknout"));
+  EXPECT_THAT(memory_.printer.asked, ElementsAre());
+}
+
 TEST_F(frmJednotlivyTest, InvoiceOpensFromAFinishedCalculation) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");

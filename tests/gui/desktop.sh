@@ -123,7 +123,7 @@ program_runs() { kill -0 "$program_pid"; }
 # A child that has ended stays in the list of processes, as a zombie, until somebody waits for it.
 program_has_ended() { [[ ! -e /proc/$program_pid ]] || grep -q '^State:.Z' "/proc/$program_pid/status"; }
 
-# kind_of WINDOW: main, splash, box (a message box) or popup (a menu, the calendar)
+# kind_of WINDOW: main, splash, help, box (a message box) or popup (a menu, the calendar)
 kind_of() {
   local types name
   types=$(xprop -id "$1" _NET_WM_WINDOW_TYPE 2>/dev/null) || return 0
@@ -131,8 +131,13 @@ kind_of() {
   case $types in
     *"= _NET_WM_WINDOW_TYPE_SPLASH"*) echo splash ;;
     *"= _NET_WM_WINDOW_TYPE_DIALOG"*) echo box ;;
-    # Qt names a window without a title after the program's file.
-    *) if [[ $name == velta ]]; then echo popup; else echo main; fi ;;
+    *)
+      case $name in
+        velta) echo popup ;;  # Qt names a window without a title after the program's file.
+        *"Nápověda programu Velta") echo help ;;
+        *) echo main ;;
+      esac
+      ;;
   esac
 }
 

@@ -141,7 +141,7 @@ class DriverTest : public ::testing::TestWithParam<std::string> {
       option.Click.Connect([this, &option] { log_.push_back(option.name() + " clicked"); });
     }
   }
-  ~DriverTest() override { driver_->SetProgram(nullptr); }
+  void TearDown() override { driver_->SetProgram(nullptr); }
 
   SampleForm& form() { return dynamic_cast<SampleForm&>(*program_.windows.Find("frmVzor")); }
   std::string Get(ui::Control& control, const char* property, int index = 0) {

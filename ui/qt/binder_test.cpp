@@ -329,6 +329,12 @@ TEST_F(BinderTest, TypingInTheMiddleOfAnEditableListsTextLeavesTheCursorThere) {
   QTest::keyClicks(&typed_, "25");
   EXPECT_EQ(model_.cboText.text(), "125% denně");
   EXPECT_EQ(typed_.lineEdit()->cursorPosition(), 3);
+
+  model_.cboText.SetText("jena");
+  typed_.lineEdit()->setCursorPosition(2);
+  QTest::keyClicks(&typed_, "d");
+  EXPECT_EQ(model_.cboText.index(), 0) << "also where an item comes of it";
+  EXPECT_EQ(typed_.lineEdit()->cursorPosition(), 3);
 }
 
 TEST_F(BinderTest, EditableListShowsTheModelsTextAndMayBePickedFromAfterwards) {
@@ -372,10 +378,11 @@ TEST_F(BinderTest, WhatAnEditableListHoldsIsMarkedWhenTheProgramLeadsTheKeyboard
 
 TEST_F(BinderTest, RowsAreAddedToThoseThatAreThere) {
   model_.lstRadky.AddItem("první");
-  const QListWidgetItem* first = rows_.item(0);
+  rows_.item(0)->setStatusTip("týž");
   model_.lstRadky.AddItem("druhý");
   ASSERT_EQ(rows_.count(), 2);
-  EXPECT_EQ(rows_.item(0), first);
+  EXPECT_EQ(rows_.item(0)->statusTip(), "týž");
+  EXPECT_TRUE(rows_.item(0)->sizeHint().isValid()) << "it is not measured again";
   EXPECT_EQ(rows_.item(1)->text(), "druhý");
   EXPECT_THAT(rows_.selectedItems(), IsEmpty());
 }

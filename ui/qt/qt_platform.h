@@ -4,7 +4,7 @@
 #include "ui/qt/clipboard.h"
 #include "ui/qt/clock.h"
 #include "ui/qt/event_loop.h"
-#include "ui/qt/help_viewer.h"
+#include "ui/qt/help/help_viewer.h"
 #include "ui/qt/launcher.h"
 #include "ui/qt/locale.h"
 #include "ui/qt/message_box.h"

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "ui/qt/chm_file.h"
+#include "ui/qt/help/chm_file.h"
 
 class QTreeWidgetItem;
 

@@ -1,4 +1,4 @@
-#include "ui/qt/help_contents.h"
+#include "ui/qt/help/help_contents.h"
 
 #include <QRegularExpression>
 #include <QTextDocumentFragment>

@@ -1,9 +1,9 @@
-#include "ui/qt/help_viewer.h"
+#include "ui/qt/help/help_viewer.h"
 
 #include <algorithm>
 
-#include "ui/qt/chm_file.h"
-#include "ui/qt/help_window.h"
+#include "ui/qt/help/chm_file.h"
+#include "ui/qt/help/help_window.h"
 #include "ui/qt/text.h"
 
 namespace velta::qt {

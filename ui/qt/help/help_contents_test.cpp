@@ -1,4 +1,4 @@
-#include "ui/qt/help_contents.h"
+#include "ui/qt/help/help_contents.h"
 
 #include <gtest/gtest.h>
 
@@ -28,14 +28,14 @@ TEST(HelpContentsTest, TextsAreWindows1250) {
   const Row rows[] = {
       {"P\xF8\xEDli\x9A \x9Elu\x9Dou\xE8k\xFD k\xF9\xF2", u"Příliš žluťoučký kůň"},
       {"\xDApln\xEC \x8A\xCD\xD8\xCD \x8E\x8D \xD9", u"Úplně ŠÍŘÍ ŽŤ Ů"},
-      {"\x84\x89 ro\xE8n\xEC\x93 \x96 5\xA0K\xE8\x85", u"„‰ ročně“ – 5\u00A0Kč…"},
+      {"\x84\x89 ro\xE8n\xEC\x93 \x96 5 K\xE8\x85", u"„‰ ročně“ – 5 Kč…"},
       {"\xFF\x81", u"˙\uFFFD"},
       {"&lt;a &amp; b&gt;", u"<a & b>"},
   };
   for (const Row& row : rows) {
     const auto entries = ReadHelpContents("<ul>" + Item(row.bytes, "") + "</ul>");
     ASSERT_EQ(entries.size(), 1);
-    EXPECT_EQ(entries[0].title, QString::fromUtf16(row.text));
+    EXPECT_EQ(entries[0].title.toStdU16String(), row.text) << row.bytes;
   }
 }
 

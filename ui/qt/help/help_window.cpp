@@ -1,10 +1,10 @@
-#include "ui/qt/help_window.h"
+#include "ui/qt/help/help_window.h"
 
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
 
-#include "ui/qt/help_contents.h"
+#include "ui/qt/help/help_contents.h"
 #include "ui_HelpWindow.h"
 
 namespace velta::qt {
@@ -12,7 +12,8 @@ namespace velta::qt {
 namespace {
 
 constexpr int kPageRole = Qt::UserRole;  // the address of an entry's page; headings have none
-constexpr int kContentsWidth = 316;
+constexpr const char* kHelp = "Nápověda programu Velta";
+constexpr int kContentsWidth = 328;
 
 }  // namespace
 
@@ -86,7 +87,8 @@ void HelpWindow::WireKeys() {
 }
 
 void HelpWindow::ShowInContents(const QUrl& address) {
-  setWindowTitle(ui_->page->documentTitle() + " – Nápověda");
+  const QString title = ui_->page->documentTitle();
+  setWindowTitle(title == kHelp ? title : title + " – " + kHelp);
   const QSignalBlocker quiet(ui_->contents);
   for (QTreeWidgetItemIterator item(ui_->contents); *item != nullptr; ++item) {
     if ((*item)->data(0, kPageRole).toUrl() == address.adjusted(QUrl::RemoveFragment)) {

@@ -1,9 +1,9 @@
-#include "ui/qt/help_page.h"
+#include "ui/qt/help/help_page.h"
 
 #include <QDesktopServices>
 
 #include "shell/common/addresses.h"
-#include "ui/qt/chm_file.h"
+#include "ui/qt/help/chm_file.h"
 
 namespace velta::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/chm_file.h"
+#include "ui/qt/help/chm_file.h"
 
 #include <gtest/gtest.h>
 
