@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPointer>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
@@ -236,6 +237,8 @@ void Binder::BindButton(C& control, QAbstractButton& button,
 
 void Binder::Visit(ui::Button& control) {
   auto& button = Widget<QAbstractButton>(control);
+  // Enter presses the button that has the keyboard, whatever the desktop's theme says of it.
+  if (auto* push_button = qobject_cast<QPushButton*>(&button)) push_button->setAutoDefault(true);
   BindButton(control, button, [&control, &button](Aspect aspect) {
     // A button with nothing but a picture is called by what its tool tip says.
     if (aspect == Aspect::kToolTip && button.text().isEmpty()) {
