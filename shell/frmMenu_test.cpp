@@ -295,7 +295,7 @@ TEST_F(frmMenuTest, OneCalculationWindowClosesTheOther) {
   // What a closed single calculation leaves open does no harm to the next window.
   windows().Unload("frmJednotlivy");
   EXPECT_EQ(Flags(), (std::array{true, false, false, false}));
-  progressive = &PayProgressive("10000");
+  PayProgressive("10000");
   EXPECT_EQ(Flags(), (std::array{false, true, false, true}));
   windows().Unload("frmPostupny");
   EXPECT_EQ(Flags(), (std::array{false, false, false, false}));

@@ -120,7 +120,8 @@ TEST(ProgressivePrintoutTest, RepoRegimePrintsTheReportAsItStands) {
 
 TEST(ProgressivePrintoutTest, LongPrintoutLosesNoPayment) {
   ProgressiveResult result = AtRate(RateKind::kPercentYearly, 8.5F, {}, 0);
-  for (int days = 1; days <= 200; ++days) result.payments.push_back(Paid(days, days * 10'000, 1));
+  for (int days = 1; days <= 200; ++days)
+    result.payments.push_back(Paid(days, std::int64_t{days} * Money::kUnitsPerCrown, 1));
   const Lines lines = Printed(result);
   ASSERT_EQ(lines.size(), 2U + 200 * 8 + 2);
   for (int days = 1; days <= 200; ++days) {

@@ -74,14 +74,19 @@ stays() {
   echo "ok: $what"
 }
 
-start_desktop() {
+# need_tools TOOL...: without them the script is skipped
+need_tools() {
   local tool
-  for tool in Xvfb openbox xdotool xclip xprop setxkbmap import; do
+  for tool in "$@"; do
     if ! command -v "$tool" >/dev/null; then
       echo "Skipped: $tool is not installed (./dev test installs it)."
       exit 77
     fi
   done
+}
+
+start_desktop() {
+  need_tools Xvfb openbox xdotool xclip xprop setxkbmap import
   export HOME=$scratch/home
   export XDG_CONFIG_HOME=$HOME/.config XDG_RUNTIME_DIR=$scratch/runtime
   mkdir -p "$XDG_CONFIG_HOME"
@@ -206,6 +211,21 @@ open_calculation() {
   menu v j
   expect "the due date" "$(date -d '12:00 15 days ago' +%-d.%-m.%Y)" field_text
 }
+
+# enter_single DUE PAID AMOUNT: into the single calculation; the keyboard stays in the amount. The due date goes
+# first: it is before the payment date at every step.
+enter_single() {
+  fill "$1"
+  press Tab
+  expect "the payment date" "$(date +%-d.%-m.%Y)" field_text
+  fill "$2"
+  press Tab
+  fill "$3"
+}
+
+# printed_lines PDF: what is printed, line by line from the first column on. Before it stands the margin of 27
+# points, 4.5 columns.
+printed_lines() { pdftotext -layout -fixed 6 "$1" - | tr -d '\f' | sed -n 's/^     //p'; }
 
 # copied_report: the report as "Kopírovat výpočet do schránky" gives it
 copied_report() {

@@ -3,12 +3,7 @@
 # The version history is read with the keys and, for want of a printer, printed to a file. Without its file
 # the window says so.
 source "$(dirname "$0")/desktop.sh" "$2"
-for tool in pdftotext pdftoppm; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "Skipped: $tool is not installed (./dev test installs it)."
-    exit 77
-  fi
-done
+need_tools pdftotext pdftoppm
 start_desktop
 export CUPS_SERVER=$scratch/no-printers
 printout="$HOME/Historie verzí.pdf"
@@ -19,12 +14,8 @@ open_history() {
   press Return
 }
 text_is_history() { [[ $(field_text) == "$(tr -d '\r' <"$history")" ]]; }
-# The printed lines are those of the file: the margin of 27 points, 4.5 columns, and the blank ends of
-# pages apart.
-page_is() {
-  diff <(tr -d '\r' <"$history" | grep -v '^$') \
-    <(pdftotext -layout -fixed 6 "$printout" - | tr -d '\f' | sed -n 's/^     //p' | grep -v '^ *$')
-}
+# The printed lines are those of the file, the blank ends of pages apart.
+page_is() { diff <(tr -d '\r' <"$history" | grep -v '^$') <(printed_lines "$printout" | grep -v '^ *$'); }
 
 start_velta "$1"
 open_main_window

@@ -2,31 +2,18 @@
 # invoice.sh PROGRAM PICTURES
 # From a calculation to the penalty invoice on paper, by keys alone; without a printer it goes to a file.
 source "$(dirname "$0")/desktop.sh" "$2"
-for tool in pdftotext pdftoppm; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "Skipped: $tool is not installed (./dev test installs it)."
-    exit 77
-  fi
-done
+need_tools pdftotext pdftoppm
 start_desktop
 export CUPS_SERVER=$scratch/no-printers
 invoice="$HOME/Penalizační faktura.pdf"
 
-# page_is: what is on the printed page, line by line from its first column on, is what was wanted. Before
-# it stands the margin of 27 points, 4.5 columns. Lines of the box that are empty are left out.
-page_is() {
-  diff "$scratch/wanted" <(pdftotext -layout -fixed 6 "$invoice" - | tr -d '\f' | sed -n 's/^     //p' | grep -v '^    | *|$')
-}
+# page_is: what is on the printed page is what was wanted. Lines of the box that are empty are left out.
+page_is() { diff "$scratch/wanted" <(printed_lines "$invoice" | grep -v '^    | *|$'); }
 
 start_velta "$1"
 open_main_window
 open_calculation
-fill 10.3.2005
-press Tab
-expect "the payment date" "$(date +%-d.%-m.%Y)" field_text
-fill 20.6.2005
-press Tab
-fill '10 000'
+enter_single 10.3.2005 20.6.2005 '10 000'
 press Tab Tab
 fill 8,5
 

@@ -3,7 +3,11 @@
 # A debt paid in two parts, entered by keys alone: the payments, the report, and the switch to the other
 # calculation window.
 source "$(dirname "$0")/desktop.sh" "$2"
+need_tools pdftotext pdftoppm
 start_desktop
+export CUPS_SERVER=$scratch/no-printers
+printout="$HOME/Výpočet úroku z prodlení.pdf"
+total_is_printed() { printed_lines "$printout" | grep -qx '    Úrok z prodlení celkem : *251,60 Kč'; }
 
 # report_has LINE: the report has this line, closed by CR LF
 report_has() {
@@ -61,6 +65,15 @@ report_has $'Počet dnů prodlení:\t\t112'
 report_has $'Úrok z prodlení\t\t156,50 Kč'
 [[ $report == *$'\r\nÚrok z prodlení celkem\t251,60 Kč' ]] || fail "the report does not end with the total: $report"
 echo "ok: the total"
+
+# The last payment has led to the print button.
+press space
+wait_until "the print dialog has the keyboard" is_active box
+sleep 0.3
+press alt+t
+wait_until "the print dialog is closed" is_closed box
+wait_until "the file ends with the total" total_is_printed
+pdftoppm -r 80 -png "$printout" "$pictures/3-page"
 
 # The repo regime: from "% ročně" four items down.
 press alt+v
