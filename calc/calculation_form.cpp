@@ -61,11 +61,6 @@ void CalculationForm::OfferRateKinds() {
   cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
 }
 
-void CalculationForm::LoadBankRates() {
-  bank_rates_ = std::make_unique<BankRates>(program_, [this] { tmrRepo.SetEnabled(true); });
-  bank_rates_->Load();
-}
-
 void CalculationForm::OnUnload() {
   CancelRepo();
   tmrTiskVypoctu.SetEnabled(false);
@@ -73,7 +68,6 @@ void CalculationForm::OnUnload() {
   program_.state.SingleIsCurrent = false;
   program_.state.CalculationFinished = false;
   entry_ = nullptr;
-  bank_rates_.reset();
 }
 
 void CalculationForm::SwitchRegime() {
@@ -113,7 +107,7 @@ bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount, const ui::Tex
 }
 
 bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
-  const std::optional<Rate> rate = bank_rates_->DiscountRate(dtpSplatnost.day());
+  const std::optional<Rate> rate = bank_rates_.DiscountRate(dtpSplatnost.day());
   if (!rate) return false;
   box.SetText(PlainText(*rate, program_.platform.locale));
   program_.state.RateValue = *rate;
@@ -127,7 +121,7 @@ void CalculationForm::OpenRateBox(ui::TextBox& box) const {
 }
 
 void CalculationForm::CancelRepo() {
-  if (bank_rates_) bank_rates_->CancelRepo();
+  bank_rates_.CancelRepo();
   tmrRepo.SetEnabled(false);
 }
 

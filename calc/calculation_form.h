@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
 
 #include "calc/bank_rates.h"
@@ -39,8 +37,6 @@ class CalculationForm : public Form, public CalculationWindow {
   void BecomeCurrent();
   /// Fills the list of kinds and chooses "% ročně".
   void OfferRateKinds();
-  /// Loads the engines. A fault of the repo table is thrown, when all else of them is loaded.
-  void LoadBankRates();
 
   void OnUnload() override;
 
@@ -69,13 +65,13 @@ class CalculationForm : public Form, public CalculationWindow {
   /// The rate of a bank kind is not typed.
   void OpenRateBox(ui::TextBox& box) const;
 
-  bool RepoPending() const { return bank_rates_->RepoPending() || tmrRepo.enabled(); }
+  bool RepoPending() const { return bank_rates_.RepoPending() || tmrRepo.enabled(); }
   void CancelRepo();
   /// Sets the shared values of a calculation to 0.
   void ClearResults();
 
   const Settings& settings_;
-  std::unique_ptr<BankRates> bank_rates_;  // while the window is loaded
+  BankRates bank_rates_{program_, [this] { tmrRepo.SetEnabled(true); }};
 
  private:
   void SwitchRegime();

@@ -35,6 +35,10 @@ struct CalculationWindows {
   CalculationWindow* Current(const CalculationState& state) const {
     return state.SingleIsCurrent ? single : progressive;
   }
+  /// The same if its calculation is finished, else null.
+  CalculationWindow* Finished(const CalculationState& state) const {
+    return state.CalculationFinished ? Current(state) : nullptr;
+  }
 };
 
 }  // namespace velta

@@ -97,9 +97,8 @@ void frmFaktura::OnUnload() {
 }
 
 std::optional<FinishedCalculation> frmFaktura::Finished() const {
-  const CalculationWindow* const current = calculations_.Current(program_.state);
-  if (!program_.state.CalculationFinished || current == nullptr) return std::nullopt;
-  return current->finished();
+  const CalculationWindow* const window = calculations_.Finished(program_.state);
+  return window == nullptr ? std::nullopt : window->finished();
 }
 
 void frmFaktura::NacteniJednotlivehoVypoctu() {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "calc/single/frmJednotlivy.h"
+#include "shell/common/error.h"
 #include "tests/support/program_test.h"
 
 namespace velta {
@@ -35,9 +36,13 @@ class ProgressiveCalculation final : public CalculationWindow {
  public:
   void PrintLater() override {}
   const std::string& ReportBoxText() const override { return report_; }
-  std::optional<FinishedCalculation> finished() const override { return &result; }
+  std::optional<FinishedCalculation> finished() const override {
+    if (fails) throw Error(ErrorNumber::kOverflow);
+    return &result;
+  }
 
   ProgressiveResult result;
+  bool fails = false;
 
  private:
   std::string report_;
@@ -276,6 +281,19 @@ TEST_F(frmFakturaTest, LoadersTellThatThereIsNoCalculation) {
       ElementsAre(ui::MemoryMessageBox::Shown{ui::Icon::kInformation, "Velta", kNothingToInvoice},
                   ui::MemoryMessageBox::Shown{ui::Icon::kInformation, "Velta", kNothingToInvoice}));
   EXPECT_EQ(form_->txtTextFaktury.text(), "");
+}
+
+TEST_F(frmFakturaTest, LoadersReportUnderTheirOwnNames) {
+  FinishProgressive();
+  Open();
+  progressive_.fails = true;
+  form_->NacteniJednotlivehoVypoctu();
+  form_->NacteniPostupnehoVypoctu();
+  EXPECT_THAT(
+      Shown(),
+      ElementsAre(
+          "Chyba 6 (Přetečení) v proceduře\r\n(NacteniJednotlivehoVypoctu) of (frmFaktura.frm).",
+          "Chyba 6 (Přetečení) v proceduře\r\n(NacteniPostupnehoVypoctu) of (frmFaktura.frm)."));
 }
 
 TEST_F(frmFakturaTest, OpeningAgainTakesOverTheLatestCalculation) {

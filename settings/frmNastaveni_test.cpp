@@ -233,6 +233,18 @@ TEST_F(frmNastaveniTest, WhatStandsOnAHiddenPageCannotBeReached) {
   EXPECT_FALSE(window.optZaok[0].UserClick());
 }
 
+TEST_F(frmNastaveniTest, LabelsAreSeenWithTheirPageAlone) {
+  frmNastaveni& window = Open();
+  const std::vector<std::pair<std::size_t, ui::Label*>> labels = {
+      {1, &window.lblFields[0]}, {2, &window.lblCnb[0]}, {3, &window.lblRepo[0]}};
+  for (std::size_t page = 0; page < window.optFramy.size(); ++page) {
+    window.optFramy.at(page).UserClick();
+    for (const auto& [own_page, label] : labels) {
+      EXPECT_EQ(label->visible(), page == own_page) << label->name() << " on page " << page;
+    }
+  }
+}
+
 TEST_F(frmNastaveniTest, TabGoesThroughTheShownPageAndTheButtons) {
   frmNastaveni& window = Open();
   const auto round = [&window] {

@@ -122,13 +122,13 @@ void frmMenu::OnUnload() {
 }
 
 void frmMenu::mnuTiskVypoctu_Click() {
-  CalculationWindow* current = calculations_.Current(program_.state);
-  if (!program_.state.CalculationFinished || current == nullptr) {
+  CalculationWindow* const finished = calculations_.Finished(program_.state);
+  if (finished == nullptr) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
   const BusyPointer busy(*this);
-  current->PrintLater();
+  finished->PrintLater();
 }
 
 void frmMenu::mnuVystavitFakturu_Click() {
@@ -140,12 +140,12 @@ void frmMenu::mnuVystavitFakturu_Click() {
 }
 
 void frmMenu::mnuKopirovat_Click() {
-  const CalculationWindow* current = calculations_.Current(program_.state);
-  if (!program_.state.CalculationFinished || current == nullptr) {
+  const CalculationWindow* const finished = calculations_.Finished(program_.state);
+  if (finished == nullptr) {
     Message(ui::Icon::kCritical, "Zadání nelze kopírovat, není úplné");
     return;
   }
-  if (!program_.platform.clipboard.SetText(current->ReportBoxText())) {
+  if (!program_.platform.clipboard.SetText(finished->ReportBoxText())) {
     throw Error(ErrorNumber::kClipboard);
   }
 }

@@ -74,7 +74,7 @@ void frmPostupny::OnLoad() {
       "Zůstatek dluhu",        "Úrok z prodlení",      "Úrok celkem"};
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
   OfferRateKinds();
-  LoadBankRates();
+  bank_rates_.Load();
   StartReport();
 }
 
@@ -141,7 +141,7 @@ void frmPostupny::UdelejVypocet() {
     if (!TakeDelay() || !TakeAmountAndRate(txtData[kTotal], txtData[kRate])) return;
     const RateKind kind = Kind();
     if (kind == RateKind::kRepo) {
-      bank_rates_->StartRepo(dtpSplatnost.day(), dtpZaplaceni.day(), PaymentAmount);
+      bank_rates_.StartRepo(dtpSplatnost.day(), dtpZaplaceni.day(), PaymentAmount);
       return;
     }
     if (kind == RateKind::kDiscount && !TakeDiscountRate(txtData[kRate])) return;
@@ -155,7 +155,7 @@ void frmPostupny::UdelejVypocet() {
 }
 
 void frmPostupny::tmrRepo_Timer() {
-  const std::vector<InterestPeriod>& periods = bank_rates_->repo().periods();
+  const std::vector<InterestPeriod>& periods = bank_rates_.repo().periods();
   program_.state.InterestAmount = 0;
   for (const InterestPeriod& period : periods) program_.state.InterestAmount += period.interest;
   FinishPayment(periods);

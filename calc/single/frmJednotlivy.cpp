@@ -72,7 +72,7 @@ void frmJednotlivy::OnLoad() {
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
   dtpSplatnost.SetDay(AddDays(Today(), -kDefaultDelay));
   OfferRateKinds();
-  LoadBankRates();
+  bank_rates_.Load();
   ShowReport("");
 }
 
@@ -124,7 +124,7 @@ void frmJednotlivy::VypocitejJednotlivy() {
     inputs.base_amount = state.BaseAmount;
     inputs.kind = kind;
     if (kind == RateKind::kRepo) {
-      if (!bank_rates_->StartRepo(inputs.due_date, inputs.payment_date)) return;
+      if (!bank_rates_.StartRepo(inputs.due_date, inputs.payment_date)) return;
       // Until tmrRepo runs, on the next turn of the loop, the labels show the previous interest.
       pending_ = std::move(inputs);
       ShowInterest(state.InterestAmount, state.BaseAmount);
@@ -143,7 +143,7 @@ void frmJednotlivy::tmrRepo_Timer() {
   CalculationState& state = program_.state;
   state.CalculationFinished = true;
   SingleResult result = std::move(pending_);
-  result.periods = bank_rates_->repo().periods();
+  result.periods = bank_rates_.repo().periods();
   // The total is rounded after every period and once more at the end. With periods of 132,7397,
   // 441,0959 and 320,5479 Kč rounding up to 10 haléř gives 894,50 Kč and not 894,40 Kč.
   double interest = 0;

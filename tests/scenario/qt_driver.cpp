@@ -358,12 +358,8 @@ void QtDriver::PressKey(const QString& character) {
   const bool takes_text =
       dynamic_cast<const ui::TextBox*>(focused) != nullptr || (list != nullptr && list->editable());
   if (!tab && !takes_text && !(is_button && enter)) return;
-  // Letters of Czech have no key code of their own. A button takes Enter only where a desktop's
-  // theme says so, but the space bar everywhere.
-  const Qt::Key key = tab                  ? Qt::Key_Tab
-                      : enter && is_button ? Qt::Key_Space
-                      : enter              ? Qt::Key_Return
-                                           : Qt::Key_unknown;
+  // Letters of Czech have no key code of their own.
+  const Qt::Key key = tab ? Qt::Key_Tab : enter ? Qt::Key_Return : Qt::Key_unknown;
   QTest::sendKeyEvent(QTest::Click, &WidgetOf(*focused), key, character, Qt::NoModifier);
 }
 

@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPointer>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
@@ -124,7 +125,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::FocusIn:
       // Only where the user led the keyboard; a window that comes to the front is not such an act.
-      if (IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
+      // From a widget that gets hidden with its window Qt goes on as by Tab, to one just as hidden.
+      if (static_cast<QWidget*>(watched)->isVisible() &&
+          IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
         const QScopedValueRollback leading(user_leads_, true);
         controls_.value(watched)->SetFocus();
       }
@@ -234,6 +237,8 @@ void Binder::BindButton(C& control, QAbstractButton& button,
 
 void Binder::Visit(ui::Button& control) {
   auto& button = Widget<QAbstractButton>(control);
+  // Enter presses the button that has the keyboard, whatever the desktop's theme says of it.
+  if (auto* push_button = qobject_cast<QPushButton*>(&button)) push_button->setAutoDefault(true);
   BindButton(control, button, [&control, &button](Aspect aspect) {
     // A button with nothing but a picture is called by what its tool tip says.
     if (aspect == Aspect::kToolTip && button.text().isEmpty()) {

@@ -567,6 +567,9 @@ TEST_F(BinderTest, ButtonsClick) {
   button_.setFocus();
   QTest::keyClick(&button_, Qt::Key_Space);
   EXPECT_EQ(clicks, 2);
+  QTest::keyClick(&button_, Qt::Key_Return);
+  QTest::keyClick(&button_, Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_EQ(clicks, 4);
 }
 
 TEST_F(BinderTest, TabGoesInTheModelsReadingOrderAndRaisesTheHint) {

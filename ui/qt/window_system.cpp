@@ -108,13 +108,19 @@ class WindowSystem::TopView final : public WindowSystem::View {
  public:
   TopView(WindowSystem& system, ui::Window& window, QWidget* content)
       : View(system, window, content, content) {
+    // About what the desktop draws around a window. Where there is no room for it the window takes
+    // the whole screen, so that its lower edge, the status strip, stays in view.
+    constexpr QSize kFrame(16, 48);
     const QRect screen = content->screen()->availableGeometry();
-    content->resize(content->size().boundedTo(screen.size()));
+    const QSize room = screen.size() - kFrame;
+    const QSize fitting = content->size().boundedTo(room);
+    if (fitting != content->size()) content->setWindowState(Qt::WindowMaximized);
+    content->resize(fitting);
     content->move(screen.center() - content->rect().center());
   }
 
   void Show() override {
-    if (frame_->isMinimized()) frame_->showNormal();
+    frame_->setWindowState(frame_->windowState() & ~Qt::WindowMinimized);
     frame_->show();
     Activate();
   }

@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcutEvent>
 #include <QTest>
 #include <QTimer>
@@ -120,6 +121,15 @@ TEST_F(WindowSystemTest, BusyWindowThatClosesTakesItsHourglassAlong) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(WindowSystemTest, MainWindowThatIsLargerThanTheScreenFillsIt) {
+  const QRect screen = Main()->screen()->availableGeometry();
+  ASSERT_LT(screen.width(), 1120) << "the width that the form asks for";
+  EXPECT_TRUE(Main()->isMaximized());
+  Main()->showNormal();
+  EXPECT_LT(Main()->width(), screen.width()) << "with room for its frame";
+  EXPECT_LT(Main()->height(), screen.height());
+}
+
 TEST_F(WindowSystemTest, MinimisedMainWindowIsRestoredByShow) {
   Main()->showMinimized();
   ASSERT_TRUE(Main()->isMinimized());
@@ -219,6 +229,23 @@ TEST_F(ChildTest, MinimisedWindowIsRestoredByShow) {
   first_view_->Show();
   EXPECT_FALSE(sub->isMinimized());
   EXPECT_EQ(Desktop().activeSubWindow(), sub);
+}
+
+TEST_F(ChildTest, KeyboardFindsItsPlaceAgainInAWindowThatWasMinimisedOrCovered) {
+  ShowBoth();
+  first_view_->Activate();
+  first_.txtDluznaCastka.SetFocus();
+  Sub("první")->showMinimized();
+  EXPECT_EQ(first_.focused(), &first_.txtDluznaCastka) << "minimised";
+  first_view_->Show();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+  // Of maximised windows only the active one is seen.
+  Sub("první")->showMaximized();
+  second_view_->Show();
+  EXPECT_EQ(first_.focused(), &first_.txtDluznaCastka) << "covered";
+  second_view_->Close();
+  first_view_->Activate();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
 }
 
 TEST_F(ChildTest, AccessKeyOfTheMenuAndTheActiveWindowsButtonIsTheButtons) {
