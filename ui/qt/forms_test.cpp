@@ -196,6 +196,12 @@ class MainFormTest : public ::testing::Test {
     ADD_FAILURE() << "not on the screen";
     abort();
   }
+  static QListWidget& List(const char* name) { return *Main().findChild<QListWidget*>(name); }
+  /// The rows in view, the first and the last.
+  static std::pair<int, int> InView(const QListWidget& list) {
+    const QRect seen = list.viewport()->rect();
+    return {list.row(list.itemAt(seen.topLeft())), list.row(list.itemAt(seen.bottomLeft()))};
+  }
 
   ui::MemoryPlatform memory_;
   WindowSystem window_system_{memory_.locale};
@@ -231,6 +237,21 @@ TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
   EXPECT_EQ(hint.width(), before + 100);
 }
 
+TEST_F(MainFormTest, ColumnsOfPaymentsScrollAsOne) {
+  velta_.program().windows.Open("frmPostupny");
+  const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
+  for (const char* name : {"List1", "List2", "List3"}) {
+    for (int row = 0; row < 60; ++row) {
+      dynamic_cast<ui::ListBox&>(*window.Find(name)).AddItem(std::to_string(row));
+    }
+  }
+  QTest::qWait(1);
+  List("List3").scrollToItem(List("List3").item(20), QListWidget::PositionAtTop);
+  EXPECT_EQ(InView(List("List3")).first, 20);
+  EXPECT_EQ(InView(List("List1")).first, 20);
+  EXPECT_EQ(InView(List("List2")).first, 20);
+}
+
 /// The settings window, a page at a time.
 class SettingsFormTest : public MainFormTest {
  protected:
@@ -245,12 +266,6 @@ class SettingsFormTest : public MainFormTest {
     QTest::qWait(1);
   }
   static QMdiSubWindow& SubWindow() { return *Main().findChild<QMdiSubWindow*>(); }
-  static QListWidget& List(const char* name) { return *Main().findChild<QListWidget*>(name); }
-  /// The rows in view, the first and the last.
-  static std::pair<int, int> InView(const QListWidget& list) {
-    const QRect seen = list.viewport()->rect();
-    return {list.row(list.itemAt(seen.topLeft())), list.row(list.itemAt(seen.bottomLeft()))};
-  }
 };
 
 TEST_F(SettingsFormTest, KeepsItsSizeOnEveryPageAndFitsASmallScreen) {
