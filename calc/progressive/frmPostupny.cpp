@@ -279,6 +279,11 @@ void frmPostupny::Print() {
   const bool printed = PrintWithDialog(
       program_, ProgressivePrintout(result_, txtPostup.text(), program_.platform.locale));
   if (!printed) throw Error(ErrorNumber::kPrintCancelled);
+  if (result_.kind == RateKind::kRepo) return;
+  // The rows are selected as they are printed, and the last ones stay so.
+  for (ui::ListBox* list : {&List1, &List2, &List3, &List4}) {
+    list->SetIndex(static_cast<int>(list->items().size()) - 1);
+  }
 }
 
 }  // namespace velta

@@ -1448,6 +1448,22 @@ TEST_F(frmPostupnyTest, PrintsTheCopiesThatTheUserChooses) {
   EXPECT_THAT(Shown(), IsEmpty());
 }
 
+TEST_F(frmPostupnyTest, PrintingSelectsTheRowsTogether) {
+  Open();
+  EnterSampleInvoice();
+  Pay(Day(2004, 1, 31), "5000");
+  Pay(Day(2004, 3, 1), "5000");
+  memory_.printer.answer = std::nullopt;
+  form_->cmdTiskVyp.UserClick();
+  EXPECT_EQ(form_->List1.index(), -1) << "nothing is printed";
+  memory_.printer.answer = 1;
+  form_->cmdTiskVyp.UserClick();
+  for (const ui::ListBox* list : {&form_->List1, &form_->List2, &form_->List3, &form_->List4}) {
+    EXPECT_EQ(list->index(), 1) << list->name() << ": the last one that was printed";
+  }
+  EXPECT_EQ(form_->List5.index(), -1);
+}
+
 TEST_F(frmPostupnyTest, RepoPrintsTheReportBoxLineForLine) {
   Open();
   EnterInvoice("5000", Day(2005, 6, 20), kRepo, "");
@@ -1464,6 +1480,7 @@ TEST_F(frmPostupnyTest, RepoPrintsTheReportBoxLineForLine) {
     report.replace(at, 1, total ? 2 : 8, ' ');
   }
   EXPECT_EQ(text, report);
+  EXPECT_EQ(form_->List1.index(), -1) << "the rows are not gone through";
 }
 
 TEST_F(frmPostupnyTest, CancelledPrintDialogIsReported) {
