@@ -259,10 +259,20 @@ std::unique_ptr<ui::WindowView> WindowSystem::CreateView(ui::Window& window) {
   return std::make_unique<TopView>(*this, window, content);
 }
 
-bool WindowSystem::eventFilter(QObject* /*watched*/, QEvent* event) {
+/// An access key presses its button at once and once. Qt would press it a tenth of a second later,
+/// when the user may have gone on already, and again for as long as the key is held.
+bool WindowSystem::eventFilter(QObject* watched, QEvent* event) {
+  // Every shortcut is offered to the widget with the keyboard first, with the key itself.
+  if (event->type() == QEvent::ShortcutOverride) {
+    key_is_held_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  }
   if (event->type() != QEvent::Shortcut) return false;
   const auto& shortcut = *static_cast<QShortcutEvent*>(event);
-  return shortcut.isAmbiguous() && ClickInActiveChild(shortcut);
+  auto* button = shortcut.isAmbiguous() ? ButtonInActiveChild(shortcut.key())
+                                        : qobject_cast<QAbstractButton*>(watched);
+  if (button == nullptr) return false;
+  if (!key_is_held_) button->click();
+  return true;
 }
 
 void WindowSystem::SubWindowActivated(QMdiSubWindow* sub_window) {
@@ -280,15 +290,14 @@ void WindowSystem::RequestHelp(ui::Window& main) {
 
 /// Alt+V is a menu and, in the calculation windows, a button: then the button is meant. Qt by
 /// itself would do neither.
-bool WindowSystem::ClickInActiveChild(const QShortcutEvent& event) {
-  if (desktop_ == nullptr || desktop_->activeSubWindow() == nullptr) return false;
+QAbstractButton* WindowSystem::ButtonInActiveChild(const QKeySequence& access_key) const {
+  if (desktop_ == nullptr || desktop_->activeSubWindow() == nullptr) return nullptr;
   for (auto* button : desktop_->activeSubWindow()->findChildren<QAbstractButton*>()) {
-    if (button->isVisible() && button->isEnabled() && button->shortcut() == event.key()) {
-      button->animateClick();
-      return true;
+    if (button->isVisible() && button->isEnabled() && button->shortcut() == access_key) {
+      return button;
     }
   }
-  return false;
+  return nullptr;
 }
 
 }  // namespace velta::qt

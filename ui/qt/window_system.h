@@ -8,9 +8,10 @@
 #include "ui/qt/hint_filter.h"
 #include "ui/window_system.h"
 
+class QAbstractButton;
+class QKeySequence;
 class QMdiArea;
 class QMdiSubWindow;
-class QShortcutEvent;
 
 namespace velta::qt {
 
@@ -33,13 +34,14 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
 
   void SubWindowActivated(QMdiSubWindow* sub_window);
   void RequestHelp(ui::Window& main);
-  bool ClickInActiveChild(const QShortcutEvent& event);
+  [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
 
   const ui::LocaleFormat& locale_;
   HintFilter hints_;
   QPointer<QMdiArea> desktop_;
   QHash<const QObject*, ui::Window*> children_;
   const QObject* active_ = nullptr;  // the sub-window that was activated last
+  bool key_is_held_ = false;         // the key of the shortcut that comes next
   bool program_acts_ = false;        // activations that follow are not the user's
 };
 
