@@ -49,9 +49,15 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(RateKindTest, ExactHalvesComeOutExact) {
-  // 4 927,50 Kč at 1 % for 100 days: the tie on which rounding to crowns turns.
+  // The ties on which rounding to crowns turns; other orders of the operations miss some of them.
   EXPECT_EQ(Interest(RateKind::kPercentYearly, 4927.5, 1, 100), 13.5);
   EXPECT_EQ(Interest(RateKind::kPercentYearly, 4562.5, 1, 100), 12.5);
+  EXPECT_EQ(Interest(RateKind::kPercentYearly, 73, 10, 125), 2.5);
+  EXPECT_EQ(Interest(RateKind::kPercentYearly, 87.6, 85, 125), 25.5);
+  EXPECT_EQ(Interest(RateKind::kPercentDaily, 6, 5, 15), 4.5);
+  EXPECT_EQ(Interest(RateKind::kPerMilleYearly, 51100, 1, 75), 10.5);
+  EXPECT_EQ(Interest(RateKind::kPerMilleDaily, 70, 2, 75), 10.5);
+  EXPECT_EQ(Interest(RateKind::kCrownsYearly, 0, 255.5F, 45), 31.5);
 }
 
 TEST(RateKindTest, TheTextIsTheKind) {

@@ -910,7 +910,7 @@ TEST_F(frmPostupnyTest, DueDateDecidesTheRegime) {
 // -----------------------------------------------------------------------------------
 
 TEST_F(frmPostupnyTest, RepoPaymentIsRecordedOnceItsRowsAreReady) {
-  Open();
+  Open().txtData[kRate].UserEdit("77");
   EnterInvoice("10000", Day(2006, 3, 15), kRepo, "");
   int completions = 0;
   form_->tmrRepo.Tick.Connect([&] { ++completions; });
@@ -933,7 +933,7 @@ TEST_F(frmPostupnyTest, RepoPaymentIsRecordedOnceItsRowsAreReady) {
   EXPECT_EQ(state().BaseAmount, Money::FromUnits(100'000'000));
   EXPECT_DOUBLE_EQ(state().InterestAmount, 65.1);
   EXPECT_EQ(state().AmountWithInterest, Money::FromUnits(100'651'000));
-  EXPECT_EQ(form_->txtData[kRate].text(), "");
+  EXPECT_EQ(form_->txtData[kRate].text(), "77") << "there is no one rate that could stand there";
 }
 
 struct RepoTotalCase {
@@ -1090,6 +1090,7 @@ TEST_F(frmPostupnyTest, InputsThatAreChangedWhileAPaymentIsPendingDoNotLeakIntoI
   EXPECT_THAT(Rows(form_->List1), ElementsAre("4000"));
   EXPECT_THAT(Rows(form_->List2), ElementsAre("20.5.2006"));
   EXPECT_EQ(Balance(), "6000");
+  EXPECT_EQ(state().DaysLate, 66);
   EXPECT_EQ(form_->txtData[kPayment].text(), "abc");
 }
 

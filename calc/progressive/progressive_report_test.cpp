@@ -1,5 +1,6 @@
 #include "calc/progressive/progressive_report.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,6 +10,8 @@
 
 namespace velta {
 namespace {
+
+using ::testing::HasSubstr;
 
 const std::string kRule = "****************************************************\r\n";
 
@@ -106,6 +109,15 @@ TEST(ClosingReportTest, OnePaymentEndsWithItsOwnInterest) {
     result.total = Money::FromUnits(698'600);
     EXPECT_EQ(ClosingReport(result, {}), "\r\nÚrok z prodlení celkem\t69,86 Kč");
   }
+}
+
+TEST(ClosingReportTest, TotalOfOnePaymentIsWhatItsInterestLineSays) {
+  ProgressiveResult result = AtRate(RateKind::kPercentYearly, 2.5F);
+  result.payments = {Paid(102, 100'000'000, 69.86499)};
+  result.total = Money::FromUnits(698'650);  // of which two decimals would be 69,87
+  EXPECT_THAT(PaymentReport(result, result.payments.front(), {}),
+              HasSubstr("Úrok z prodlení\t\t69,86 Kč\r\n"));
+  EXPECT_EQ(ClosingReport(result, {}), "\r\nÚrok z prodlení celkem\t69,86 Kč");
 }
 
 TEST(ClosingReportTest, SeveralPaymentsEndWithTheirTotal) {
