@@ -17,10 +17,9 @@
 /// painter; a view listens to `Updated` and writes the user's acts in through the User… functions.
 /// For all models:
 ///  - a setter that changes nothing does nothing; one that changes a text, a date or a choice
-///  raises
-///    Change once, whether the user or the program set it;
+///    raises Change once, whether the user or the program set it;
 ///  - an act of the user on a control that is disabled or hidden does not exist: User… returns
-///  false;
+///    false;
 ///  - events have run to their end when the setter returns.
 namespace velta::ui {
 
