@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <algorithm>
+#include <utility>
 
 #include "ui/qt/text.h"
 

@@ -14,7 +14,6 @@
 #include <QTextBrowser>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <algorithm>
 #include <functional>
 
 #include "ui/qt/help/help_window.h"
