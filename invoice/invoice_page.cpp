@@ -156,7 +156,8 @@ void WriteBody(Page& page, const Invoice& invoice, const ProgressiveResult& resu
                {kBalance, "Zůstatek dluhu"},
                {kValue, "Úrok z prod."}});
   for (const Payment& payment : result.payments) {
-    // What the payment adds to the total, so that the column adds up to the invoiced amount.
+    // What the payment adds to the total, so that the column adds up to the invoiced amount. Only
+    // the interest of one single half-year is exact here and rounded there.
     Boxed(page, {{kText, ShortDateText(payment.date, locale)},
                  {kAmount, CurrencyText(payment.amount, locale)},
                  {kBalance, CurrencyText(payment.balance, locale)},
