@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QTemporaryDir>
-#include <memory>
 
 #include "calc/single/single_printout.h"
 #include "tests/support/day.h"

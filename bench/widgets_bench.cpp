@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QTest>
-#include <memory>
 
 #include "shell/velta.h"
 #include "ui/memory/memory_platform.h"

@@ -3,6 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "shell/common/number_text.h"
+#include "ui/locale.h"
+
 /// What the written accounts of all calculations have in common.
 namespace velta {
 
@@ -25,6 +28,14 @@ inline std::string ReportHeading() {
       .append(kReportRule)
       .append(kReportLineEnd);
 }
+
+/// A rate as the accounts and the invoice write it: "8,5 % ročně".
+inline std::string RateWithUnit(Rate rate, std::string_view unit, const ui::LocaleFormat& locale) {
+  return PlainText(rate, locale).append(" ").append(unit);
+}
+
+/// What the printer's queue calls the printed account.
+inline constexpr const char* kPrintoutName = "Výpočet úroku z prodlení";
 
 /// Where labels and values stand on paper.
 inline constexpr int kLabelColumn = 5;

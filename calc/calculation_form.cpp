@@ -46,7 +46,9 @@ void CalculationForm::BecomeCurrent() {
   state.SingleIsCurrent = single;
   state.CalculationFinished = false;
   state.LastCalculationKind = kind_;
+}
 
+void CalculationForm::SetCommandCaptions() {
   cmdNovy.SetCaption("Nový &výpočet");
   cmdTiskVyp.SetCaption("&Tisk výpočtu");
   cmdTiskFa.SetCaption("Tisk &faktury");

@@ -35,6 +35,8 @@ class CalculationForm : public Form, public CalculationWindow {
 
   /// Closes the other calculation window and makes this one the current one.
   void BecomeCurrent();
+  /// Captions the commands that both windows have.
+  void SetCommandCaptions();
   /// Fills the list of kinds and chooses "% ročně".
   void OfferRateKinds();
 

@@ -12,7 +12,7 @@ namespace velta {
 /// What refuses to print, and on purpose in the same words to invoice, before there is a result.
 inline constexpr std::string_view kNotFinished = "Výpočet ještě není dokončen, nelze tisknout";
 
-/// What the main window asks of a calculation window.
+/// What the main window and the invoice ask of a calculation window.
 class CalculationWindow {
  public:
   virtual ~CalculationWindow() = default;

@@ -23,7 +23,7 @@ void ForEachLine(const std::string& path, const std::function<void(std::string_v
 /// blanks; less where the line is shorter, "" behind its end.
 std::string_view Columns(std::string_view line, std::size_t first, std::size_t width);
 
-/// Without the blanks on both sides.
+/// Without the blanks, tabs and ends of line or file on both sides.
 std::string_view Trimmed(std::string_view text);
 
 inline constexpr const char* kCnbFile = "cnb.dat";

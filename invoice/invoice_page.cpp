@@ -4,6 +4,7 @@
 #include <string_view>
 #include <variant>
 
+#include "calc/account_texts.h"
 #include "shell/common/addresses.h"
 #include "shell/common/page.h"
 
@@ -108,10 +109,15 @@ void WriteRate(Page& page, std::string_view text, int column = kValue) {
   Item(page, "Úroková sazba ", text, column);
 }
 
-std::string RateText(const SingleResult& result, const ui::LocaleFormat& locale) {
-  if (result.kind == RateKind::kRepo) return "2T REPO + 7 %";
-  const std::string_view unit = result.kind == RateKind::kDiscount ? "%" : Text(result.kind);
-  return (PlainText(result.rate, locale) + " ").append(unit);
+void WriteRate(Page& page, const SingleResult& result, const ui::LocaleFormat& locale) {
+  switch (result.kind) {
+    case RateKind::kDiscount:
+      return WriteRate(page, RateWithUnit(result.rate, "%", locale));
+    case RateKind::kRepo:
+      return WriteRate(page, "2T REPO + 7 %");
+    default:
+      return WriteRate(page, RateWithUnit(result.rate, Text(result.kind), locale));
+  }
 }
 
 void WriteBody(Page& page, const Invoice& invoice, const SingleResult& result,
@@ -121,7 +127,7 @@ void WriteBody(Page& page, const Invoice& invoice, const SingleResult& result,
   Item(page, "Splatná dne ", ShortDateText(result.due_date, locale));
   Item(page, "Uhrazená dne ", ShortDateText(result.payment_date, locale));
   Item(page, "Počet dnů prodlení ", std::to_string(result.days), kValue - 1);
-  WriteRate(page, RateText(result, locale));
+  WriteRate(page, result, locale);
 }
 
 // Of the bank's kinds the texts differ from those of the single calculation, and a typed rate
@@ -133,7 +139,7 @@ void WriteRate(Page& page, const ProgressiveResult& result, const ui::LocaleForm
     case RateKind::kRepo:
       return WriteRate(page, "2T REPO ČNB + 7%");
     default:
-      return WriteRate(page, PlainText(result.rate, locale) + " " + result.kind_text, kValue - 1);
+      return WriteRate(page, RateWithUnit(result.rate, result.kind_text, locale), kValue - 1);
   }
 }
 
@@ -150,7 +156,8 @@ void WriteBody(Page& page, const Invoice& invoice, const ProgressiveResult& resu
                {kBalance, "Zůstatek dluhu"},
                {kValue, "Úrok z prod."}});
   for (const Payment& payment : result.payments) {
-    // What the payment adds to the total, so that the column adds up to the invoiced amount.
+    // What the payment adds to the total, so that the column adds up to the invoiced amount. Only
+    // the interest of one single half-year is exact here and rounded there.
     Boxed(page, {{kText, ShortDateText(payment.date, locale)},
                  {kAmount, CurrencyText(payment.amount, locale)},
                  {kBalance, CurrencyText(payment.balance, locale)},

@@ -18,7 +18,7 @@ class frmMenu final : public Form {
   ~frmMenu() override;
 
   /// The program's help file as it was registered when the window loaded: with one separator also
-  /// where the help commands' own path (HelpFilePath) has two.
+  /// where the help commands' own path (OpenHelp) has two.
   const std::string& help_file() const { return help_file_; }
 
   ui::MenuItem mnuVypocty{*this, "mnuVypocty"};

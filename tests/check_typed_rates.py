@@ -16,7 +16,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LAW_PAGE = ROOT / "help" / "zakonna-sazba.html"
-FIRST_HALF, LAST_HALF = 2010 * 2 + 1, 2026 * 2 + 1  # the 2nd of each year; half-years counted from the year 0
+FIRST_HALF = 2010 * 2 + 1  # the 2nd of 2010; half-years are counted from the year 0
 DISCOUNT_DAYS = (datetime.date(1994, 7, 15), datetime.date(2005, 4, 27))
 DAY = datetime.timedelta(days=1)
 
@@ -47,6 +47,10 @@ def date(text):
     return datetime.date(year, month, day)
 
 
+def half_of(day):
+    return day.year * 2 + (day.month > 6)
+
+
 def first_day(half):
     return datetime.date(half // 2, 1 if half % 2 == 0 else 7, 1)
 
@@ -70,7 +74,7 @@ def help_rates(wrong):
     """The same of the help's table, whose rows name first and last day, of delay and of due dates"""
     for match in HELP_ROW.finditer(LAW_PAGE.read_text(encoding="utf-8")):
         due_from, due_to, begin, end = map(date, match.groups()[:4])
-        first, last = (day.year * 2 + (day.month > 6) for day in (begin, end))
+        first, last = half_of(begin), half_of(end)
         if begin != first_day(first) or end != first_day(last + 1) - DAY:
             wrong.append(f"{LAW_PAGE.name}: {begin} - {end} are not whole half-years")
         if (due_from, due_to) != (begin - DAY, end - DAY):
@@ -79,6 +83,7 @@ def help_rates(wrong):
 
 
 def check_rates(where, rows, repo, wrong):
+    last_half = half_of(read_changes("repo_halfyear.csv")[-1][0])
     seen = []
     for begin, end, stated in rows:
         for half in range(begin, end + 1):
@@ -86,8 +91,9 @@ def check_rates(where, rows, repo, wrong):
             rate = lawful_rate(repo, half)
             if rate != stated:
                 wrong.append(f"{where}, half-year from {first_day(half)}: {stated}, the law says {rate}")
-    if sorted(seen) != list(range(FIRST_HALF, LAST_HALF + 1)):
-        wrong.append(f"{where}: the table does not hold every half-year from the 2nd of 2010 to the 2nd of 2026")
+    if sorted(seen) != list(range(FIRST_HALF, last_half + 1)):
+        wanted = f"from {first_day(FIRST_HALF)} to {first_day(last_half)}"
+        wrong.append(f"{where}: the table does not hold every half-year {wanted}")
     return len(seen)
 
 

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstddef>
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,10 +16,9 @@
 /// painter; a view listens to `Updated` and writes the user's acts in through the User… functions.
 /// For all models:
 ///  - a setter that changes nothing does nothing; one that changes a text, a date or a choice
-///  raises
-///    Change once, whether the user or the program set it;
+///    raises Change once, whether the user or the program set it;
 ///  - an act of the user on a control that is disabled or hidden does not exist: User… returns
-///  false;
+///    false;
 ///  - events have run to their end when the setter returns.
 namespace velta::ui {
 

@@ -9,8 +9,8 @@ namespace velta::ui {
 struct LocaleFormat {
   std::string decimal = ",";  ///< decimal separator, one character
   std::string group = " ";    ///< what stands between groups of three digits, UTF-8
-  std::string date_pattern =
-      "d.M.yyyy";  ///< short date: d, dd, M, MM and yyyy with what stands between
+  /// Short date: d, dd, M, MM and yyyy with what stands between.
+  std::string date_pattern = "d.M.yyyy";
 };
 
 }  // namespace velta::ui

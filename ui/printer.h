@@ -13,15 +13,17 @@ struct PrintedLine {
   bool bold = false;
 };
 
-/// How many lines a page has. Where a printer's margins are wider the page gets smaller.
+/// How many cells a line and how many lines a page has at the most. Where a printer's margins are
+/// wider the page gets smaller.
+inline constexpr int kCellsOfLine = 90;
 inline constexpr int kLinesOfPage = 65;
 
-/// What is to be printed, as plain data: the printer draws it and adds nothing. A line has at most
-/// 90 cells; the lines run on to a next page where one is full.
+/// What is to be printed, as plain data: the printer draws it and adds nothing. The lines run on to
+/// a next page where one is full.
 struct PrintedDocument {
   std::string name;  ///< for the printer's queue
-  std::string
-      font;  ///< asked for; a fixed-pitch face with Czech letters stands in where it is absent
+  /// Asked for; a fixed-pitch face with Czech letters stands in where it is absent.
+  std::string font;
   int point_size = 0;
   std::vector<PrintedLine> lines;
 };

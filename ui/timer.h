@@ -9,7 +9,7 @@ namespace velta::ui {
 
 /// Work that continues after the event loop has turned. A one-shot runs once each time it is armed:
 /// it is disarmed before its handlers run, which may arm it again. A periodic one runs until it is
-/// disarmed. Destroying the timer disarms it; a handler may do that too, as its last act.
+/// disarmed. Destroying the timer disarms it; its own handlers must not do that.
 class Timer {
  public:
   enum class Kind { kOneShot, kPeriodic };

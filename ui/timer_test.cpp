@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "ui/memory/memory_platform.h"
 
 namespace velta::ui {

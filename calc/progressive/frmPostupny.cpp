@@ -64,6 +64,7 @@ void frmPostupny::WireHints() {
 void frmPostupny::OnLoad() {
   BecomeCurrent();
   program_.state.ReportText.clear();
+  SetCommandCaptions();
   SetCaption("Postupný výpočet");
   fraFaktura.SetCaption("Údaje faktury");
   fraUdaje.SetCaption("Údaje o splátkách");

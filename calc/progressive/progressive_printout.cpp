@@ -37,7 +37,7 @@ void AddPayment(Page& page, const ProgressiveResult& result, const Payment& paym
 
 ui::PrintedDocument ProgressivePrintout(const ProgressiveResult& result, const std::string& report,
                                         const ui::LocaleFormat& locale) {
-  Page page("Výpočet úroku z prodlení");
+  Page page(kPrintoutName);
   if (result.kind == RateKind::kRepo) {
     page.WriteLines(report);
     return page.Take();

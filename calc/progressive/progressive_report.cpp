@@ -21,8 +21,8 @@ bool HasOneInterest(const ProgressiveResult& result) {
 }  // namespace
 
 std::string RateText(const ProgressiveResult& result, const ui::LocaleFormat& locale) {
-  return PlainText(result.rate, locale) + " " +
-         (result.kind == RateKind::kDiscount ? "%" : result.kind_text);
+  return RateWithUnit(result.rate, result.kind == RateKind::kDiscount ? "%" : result.kind_text,
+                      locale);
 }
 
 std::string TotalText(const ProgressiveResult& result, const ui::LocaleFormat& locale) {

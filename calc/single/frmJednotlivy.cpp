@@ -57,6 +57,7 @@ void frmJednotlivy::WireHints() {
 
 void frmJednotlivy::OnLoad() {
   BecomeCurrent();
+  SetCommandCaptions();
   SetCaption("Jednotlivý výpočet");
   fraDatJed.SetCaption("Zadání data");
   fraDluJed.SetCaption("Zadání dlužné částky a sazby");

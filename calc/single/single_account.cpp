@@ -1,15 +1,16 @@
 #include "calc/single/single_account.h"
 
-#include <utility>
+#include <string_view>
+
+#include "calc/account_texts.h"
 
 namespace velta {
 
 namespace {
 
-std::string RateText(const SingleResult& result, AccountForm form, const ui::LocaleFormat& locale) {
-  std::string text = PlainText(result.rate, locale) + " ";
-  if (result.kind == RateKind::kDiscount) return text + (form == AccountForm::kReport ? "%" : " %");
-  return text.append(Text(result.kind));
+std::string_view Unit(RateKind kind, AccountForm form) {
+  if (kind != RateKind::kDiscount) return Text(kind);
+  return form == AccountForm::kReport ? "%" : " %";
 }
 
 std::vector<AccountLine> SingleRateLines(const SingleResult& result, AccountForm form,
@@ -17,7 +18,7 @@ std::vector<AccountLine> SingleRateLines(const SingleResult& result, AccountForm
   return {{"Úrok z prodlení ode dne:", ShortDateText(result.due_date, locale)},
           {"Úrok z prodlení ke dni:", ShortDateText(result.payment_date, locale)},
           {"Počet dnů prodlení:", std::to_string(result.days)},
-          {"Úroková sazba:", RateText(result, form, locale)},
+          {"Úroková sazba:", RateWithUnit(result.rate, Unit(result.kind, form), locale)},
           {"Dlužná částka:", CurrencyText(result.base_amount, locale)},
           {"Úrok z prodlení", CurrencyText(result.interest, locale)}};
 }

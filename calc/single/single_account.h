@@ -11,8 +11,8 @@ namespace velta {
 /// The two forms in which a single calculation is written down. Where their texts differ it is
 /// meant:
 ///   rate of the discount regime   "3 %" in the report, "3  %" on paper
-///   periods of the repo regime    with the amount owed and "9,5 %" in the report, "9,5" alone on
-///   paper
+///   periods of the repo regime    with the amount owed and "9,5 %" in the report,
+///                                 "9,5" alone on paper
 enum class AccountForm { kReport, kPrintout };
 
 struct AccountLine {

@@ -37,7 +37,7 @@ void Add(Page& page, const std::vector<AccountLine>& lines) {
 
 ui::PrintedDocument SinglePrintout(const SingleResult& result, const ui::LocaleFormat& locale) {
   const SingleAccount account = MakeSingleAccount(result, AccountForm::kPrintout, locale);
-  Page page("Výpočet úroku z prodlení");
+  Page page(kPrintoutName);
   page.EmptyLines(kTopLines);
   Add(page, kAccountHeading);
   Add(page, kPrintoutRule);

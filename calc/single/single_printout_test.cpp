@@ -14,6 +14,7 @@ using Lines = std::vector<std::string>;
 
 Lines Printed(const SingleResult& result) {
   const ui::PrintedDocument document = SinglePrintout(result, {});
+  EXPECT_EQ(document.name, "Výpočet úroku z prodlení");
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
   Lines lines;

@@ -1,7 +1,5 @@
 #include "calc/single/single_report.h"
 
-#include <string_view>
-
 #include "calc/account_texts.h"
 #include "calc/single/single_account.h"
 

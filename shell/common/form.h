@@ -13,9 +13,9 @@
 namespace velta {
 
 /// What every window of the program is built on: its controls are members under the system's names,
-/// and its constructor wires their events through On and Hints, which lay the error trap under
-/// every handler. The constructor touches nothing else; what happens when the window opens and
-/// closes is in OnLoad and OnUnload.
+/// and its constructor wires their events through OnClick, Hint and their like, which lay the error
+/// trap under every handler. What happens when the window opens and closes, and may fail, is in
+/// OnLoad and OnUnload.
 class Form : public ui::Window {
  public:
   /// Runs OnLoad, respectively OnUnload, under the trap. These are called by Windows only.

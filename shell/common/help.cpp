@@ -1,14 +1,22 @@
 #include "shell/common/help.h"
 
+#include <string>
+
 #include "shell/common/error.h"
 #include "shell/common/modPromenne.h"
 
 namespace velta {
 
+namespace {
+
+/// The program folder as it stands + separator + name. Where the separator is "\" a folder that
+/// ends in one gets a second, which the help viewer takes; elsewhere never.
 std::string HelpFilePath(const ui::ProgramFolder& folder) {
   if (folder.Separator() == "\\") return folder.Path() + "\\" + kHelpFileName;
   return ProgramFile(folder, kHelpFileName);
 }
+
+}  // namespace
 
 void OpenHelp(Program& program, std::optional<HelpTopic> topic) {
   ui::HelpViewer& viewer = program.platform.help_viewer;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "shell/common/program.h"
 
@@ -11,11 +10,6 @@ inline constexpr const char* kHelpFileName = "VELTA.CHM";
 
 /// The pages of the help that windows open, by their context numbers.
 enum class HelpTopic { kSingle = 70, kInvoice = 110 };
-
-/// The help file's full name: the program folder as it stands + separator + name. Where the
-/// separator is "\" a folder that ends in one gets a second, which the help viewer takes; elsewhere
-/// never.
-std::string HelpFilePath(const ui::ProgramFolder& folder);
 
 /// Opens the help at a topic, or at its contents. A file or a topic that is not there: Error 53.
 void OpenHelp(Program& program, std::optional<HelpTopic> topic = std::nullopt);

@@ -9,7 +9,6 @@
 #include <system_error>
 
 #include "shell/common/error.h"
-#include "shell/common/number_text.h"
 
 namespace velta {
 
@@ -37,10 +36,7 @@ double RoundUp(double value, int places, ErrorReport& errors) {
   return result;
 }
 
-std::string GetDecimalSep(const ui::LocaleFormat& locale) {
-  const std::string zero = FixedText(0, 2, locale);
-  return zero.substr(1, zero.size() - 3);  // without "0" before it and "00" after it
-}
+std::string GetDecimalSep(const ui::LocaleFormat& locale) { return locale.decimal; }
 
 bool FileExist(const std::string& path) {
   std::error_code error;

@@ -40,7 +40,7 @@ void Page::WriteAt(int column, std::string_view text) {
 
 void Page::WriteFrom(int first_column, std::string_view text) {
   while (!text.empty()) {
-    if (column_ > kColumns) {
+    if (column_ > ui::kCellsOfLine) {
       EndLine();
       MoveTo(first_column);
     }
@@ -49,7 +49,7 @@ void Page::WriteFrom(int first_column, std::string_view text) {
     text.remove_prefix(length);
     if (character == "\t") {
       const int stop = column_ + kTabWidth - (column_ - 1) % kTabWidth;
-      MoveTo(std::min(stop, kColumns + 1));
+      MoveTo(std::min(stop, ui::kCellsOfLine + 1));
     } else {
       line_ += character;
       ++column_;

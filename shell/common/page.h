@@ -11,8 +11,6 @@ namespace velta {
 /// fit into a line goes on at the start of the next; nothing is cut off.
 class Page {
  public:
-  static constexpr int kColumns = 90;
-
   /// An empty page in the font of all printouts, "Courier New CE" at 10 points.
   explicit Page(std::string name);
 

@@ -1,5 +1,7 @@
 #include "shell/common/printing.h"
 
+#include <memory>
+
 #include "shell/common/error.h"
 
 namespace velta {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "shell/common/program.h"
 #include "ui/printer.h"
 

@@ -70,7 +70,7 @@ void Windows::UnloadAllBut(const std::string& survivor) {
       return entry->form->name() != survivor;
     });
     if (latest == open_.rend()) return;
-    Unload(std::string((*latest)->form->name()));
+    Unload((*latest)->form->name());
   }
 }
 

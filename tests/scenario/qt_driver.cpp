@@ -25,7 +25,6 @@
 #include <QTest>
 #include <QTextDocument>
 #include <QTimer>
-#include <algorithm>
 #include <optional>
 #include <set>
 #include <string>

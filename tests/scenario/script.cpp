@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <stdexcept>

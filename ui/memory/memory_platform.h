@@ -1,14 +1,12 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 

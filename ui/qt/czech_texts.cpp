@@ -14,8 +14,7 @@ QString CzechTexts::translate(const char* context, const char* source,
       {"Short side binding", "Vazba na kratší straně"},
       {"Pages", "Strany"},
       {"Specify pages or ranges separated by commas. Ranges are specified by two numbers separated "
-       "by "
-       "a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
+       "by a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
        "Zadejte strany nebo rozsahy oddělené čárkami. Rozsah jsou dvě čísla spojená pomlčkou. "
        "Například 3,5-7,9 vytiskne strany 3, 5, 6, 7 a 9."},
       {"Advanced", "Pokročilé"},
@@ -34,8 +33,7 @@ QString CzechTexts::translate(const char* context, const char* source,
       {"%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' to "
        "define ranges and make sure ranges do not intersect with each other.",
        "Zadání %1 není správné. Strany a rozsahy oddělujte čárkou, rozsah pište s pomlčkou; "
-       "rozsahy se "
-       "nesmějí překrývat."},
+       "rozsahy se nesmějí překrývat."},
   };
   if (!QLatin1String(context).contains(QLatin1String("Print"))) return {};
   return kTexts.value(QString::fromUtf8(source));

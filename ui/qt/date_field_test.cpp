@@ -6,8 +6,6 @@
 #include <QCalendarWidget>
 #include <QTest>
 #include <QWheelEvent>
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "tests/support/day.h"

@@ -29,9 +29,6 @@ class EventLoop final : public ui::EventLoop {
   void Cancel(Ticket ticket) override;
   void Quit() override;
 
-  /// True once the program has asked to end.
-  bool quit_requested() const { return quit_; }
-
   /// Runs the application until Quit; not at all where Quit came before. Returns the exit code.
   int Run();
 
@@ -48,7 +45,7 @@ class EventLoop final : public ui::EventLoop {
   int pauses_ = 0;
   bool running_ = false;
   bool turning_ = false;
-  bool quit_ = false;
+  bool quit_ = false;  // the program has asked to end
 };
 
 }  // namespace velta::qt

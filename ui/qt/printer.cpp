@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <algorithm>
+#include <utility>
 
 #include "ui/qt/text.h"
 
@@ -28,7 +29,7 @@ namespace {
 constexpr double kMargin = 27;
 constexpr double kCellWidth = 6;
 constexpr double kLineHeight = 12;
-constexpr double kPageWidth = 90 * kCellWidth;
+constexpr double kPageWidth = ui::kCellsOfLine * kCellWidth;
 constexpr double kPageHeight = ui::kLinesOfPage * kLineHeight;
 
 /// The asked font, or a fixed-pitch one with Czech letters that is as wide.

@@ -8,7 +8,6 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <climits>
-#include <string>
 
 namespace velta::qt {
 namespace {

@@ -28,9 +28,10 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
 }
 
 void HelpPage::Follow(const QUrl& link) {
+  const QUrl home(kHomePage);
   if (link.scheme() == loading_.scheme()) {
     setSource(link);
-  } else if (QUrl(kHomePage).isParentOf(link)) {
+  } else if (link == home || home.isParentOf(link)) {
     // Out into the browser leads nothing but the maker's own pages.
     QDesktopServices::openUrl(link);
   }
