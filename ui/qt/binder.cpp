@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <limits>
 
 #include "ui/qt/date_field.h"
 #include "ui/qt/hint_filter.h"
@@ -411,6 +412,7 @@ void Binder::BindLine(ui::TextBox& control, QLineEdit& edit) {
     const QSignalBlocker by_program(line);
     line.setText(text);
   };
+  edit.setMaxLength(std::numeric_limits<int>::max());  // by itself a line cuts off a long paste
   edit.setReadOnly(control.read_only());
   lines_.insert(&edit, &control);
   Mirror(control, edit, [&control, &edit, show](Aspect aspect) {

@@ -274,6 +274,12 @@ TEST_F(BinderTest, CopiedCellsLoseTheirLineEnd) {
   EXPECT_EQ(edit_.text(), "10 000,50");
 }
 
+TEST_F(BinderTest, LongPasteIsNotCutOff) {
+  const std::string pasted(40'000, 'x');
+  Paste(edit_, QString::fromStdString(pasted));
+  EXPECT_EQ(model_.txtFaktura.text().size(), pasted.size());
+}
+
 TEST_F(BinderTest, ChoosingInTheListReachesTheModel) {
   list_.setFocus();
   QTest::keyClick(&list_, Qt::Key_Down);
