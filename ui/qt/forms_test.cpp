@@ -223,6 +223,13 @@ TEST_F(MainFormTest, MenusStandInTheModelsOrder) {
   EXPECT_EQ(on_screen, of_model);
 }
 
+TEST_F(MainFormTest, TheLineInTheMenuHasNoText) {
+  // The style would write it in front of the line.
+  const auto& line = *Main().findChild<QAction*>("mnuCaraNapoveda");
+  EXPECT_TRUE(line.isSeparator());
+  EXPECT_EQ(line.text(), "");
+}
+
 TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
   const auto& toolbar = *Main().findChild<QWidget*>("fraTop");
   const auto& desktop = *Main().findChild<QMdiArea*>();
