@@ -259,6 +259,16 @@ TEST_F(MainFormTest, ColumnsOfPaymentsScrollAsOne) {
   EXPECT_EQ(InView(List("List2")).first, 20);
 }
 
+TEST_F(MainFormTest, TheTotalOfPaymentsIsReadToItsEnd) {
+  velta_.program().windows.Open("frmPostupny");
+  const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
+  dynamic_cast<ui::ListBox&>(*window.Find("List5")).AddItem("8 777 879 241 211,30 Kč");
+  QTest::qWait(1);
+  const QListWidget& total = List("List5");
+  // The screen of the tests is small, so the window is as narrow as can be.
+  EXPECT_LE(total.sizeHintForColumn(0) + 2 * total.spacing(), total.viewport()->width());
+}
+
 /// The settings window, a page at a time.
 class SettingsFormTest : public MainFormTest {
  protected:
