@@ -223,6 +223,13 @@ TEST_F(MainFormTest, MenusStandInTheModelsOrder) {
   EXPECT_EQ(on_screen, of_model);
 }
 
+TEST_F(MainFormTest, TheLineInTheMenuHasNoText) {
+  // The style would write it in front of the line.
+  const auto& line = *Main().findChild<QAction*>("mnuCaraNapoveda");
+  EXPECT_TRUE(line.isSeparator());
+  EXPECT_EQ(line.text(), "");
+}
+
 TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
   const auto& toolbar = *Main().findChild<QWidget*>("fraTop");
   const auto& desktop = *Main().findChild<QMdiArea*>();
@@ -250,6 +257,16 @@ TEST_F(MainFormTest, ColumnsOfPaymentsScrollAsOne) {
   EXPECT_EQ(InView(List("List3")).first, 20);
   EXPECT_EQ(InView(List("List1")).first, 20);
   EXPECT_EQ(InView(List("List2")).first, 20);
+}
+
+TEST_F(MainFormTest, TheTotalOfPaymentsIsReadToItsEnd) {
+  velta_.program().windows.Open("frmPostupny");
+  const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
+  dynamic_cast<ui::ListBox&>(*window.Find("List5")).AddItem("8 777 879 241 211,30 Kč");
+  QTest::qWait(1);
+  const QListWidget& total = List("List5");
+  // The screen of the tests is small, so the window is as narrow as can be.
+  EXPECT_LE(total.sizeHintForColumn(0) + 2 * total.spacing(), total.viewport()->width());
 }
 
 /// The settings window, a page at a time.

@@ -143,11 +143,16 @@ bool PrintJob::Print(const ui::PrintedDocument& document) {
 std::unique_ptr<ui::PrintJob> Printer::AskUser(const std::string& document_name) {
   const EventLoop::Pause pause(event_loop_);
   auto printer = MakePagePrinter();
-  QPrintDialog dialog(printer.get(), QApplication::activeWindow());
+  QWidget* const asking = QApplication::activeWindow();
+  QPrintDialog dialog(printer.get(), asking);
   dialog.setOption(QAbstractPrintDialog::PrintShowPageSize, false);  // the layout is for A4
   SuggestFile(dialog, ToQString(document_name));
   ShowCopies(dialog);
-  if (dialog.exec() != QDialog::Accepted) return nullptr;
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  // With the question whether to replace a file two dialogs go at once, and the desktop may give
+  // the keyboard to the one that is just going.
+  if (asking != nullptr) asking->activateWindow();
+  if (!accepted) return nullptr;
   return std::make_unique<PrintJob>(std::move(printer));
 }
 

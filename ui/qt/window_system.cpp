@@ -17,6 +17,7 @@
 
 #include "ui/qt/binder.h"
 #include "ui/qt/forms.h"
+#include "ui/qt/room.h"
 #include "ui/qt/text.h"
 #include "ui/window.h"
 
@@ -108,12 +109,10 @@ class WindowSystem::TopView final : public WindowSystem::View {
  public:
   TopView(WindowSystem& system, ui::Window& window, QWidget* content)
       : View(system, window, content, content) {
-    // About what the desktop draws around a window. Where there is no room for it the window takes
-    // the whole screen, so that its lower edge, the status strip, stays in view.
-    constexpr QSize kFrame(16, 48);
+    // Where there is no room for it the window takes the whole screen, so that its lower edge, the
+    // status strip, stays in view.
     const QRect screen = content->screen()->availableGeometry();
-    const QSize room = screen.size() - kFrame;
-    const QSize fitting = content->size().boundedTo(room);
+    const QSize fitting = content->size().boundedTo(RoomOnScreen(*content));
     if (fitting != content->size()) content->setWindowState(Qt::WindowMaximized);
     content->resize(fitting);
     content->move(screen.center() - content->rect().center());

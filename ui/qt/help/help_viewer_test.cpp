@@ -155,6 +155,14 @@ TEST_F(HelpViewerTest, EscClosesTheWindow) {
   EXPECT_TRUE(Windows().isEmpty());
 }
 
+TEST_F(HelpViewerTest, FitsASmallScreen) {
+  const HelpWindow& window = OpenTopic(70);
+  const QSize screen = window.screen()->availableGeometry().size();
+  ASSERT_LT(screen.width(), 1020) << "what it takes where there is room";
+  EXPECT_LE(window.width(), std::max(window.minimumSizeHint().width(), screen.width()));
+  EXPECT_LE(window.height(), screen.height());
+}
+
 TEST_F(HelpViewerTest, BackForwardAndHomeLeadThroughThePages) {
   HelpWindow& window = OpenTopic(70);
   auto& back = Find<QPushButton>(window, "cmdBack");
