@@ -25,6 +25,7 @@ CalculationForm::CalculationForm(Program& program, std::string name, Calculation
 
   for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
     FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
+    OnMistyped(*picker, [this, picker] { AskForDateAgain(*picker); });
   }
   FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
   Hint(cmdNovy, "Nový výpočet");
@@ -32,6 +33,14 @@ CalculationForm::CalculationForm(Program& program, std::string name, Calculation
   Hint(cmdTiskFa, "Tisk faktury");
   Hint(cmdKonec, "Zavřít okno");
   Hint(cmdHelp, "Vyvolá nápovědu s tématem");
+}
+
+void CalculationForm::AskForDateAgain(ui::DatePicker& picker) {
+  constexpr Date kExample{std::chrono::year{2005} / 12 / 31};
+  Message(ui::Icon::kCritical, "Datum je chybně zadáno, zadejte je například takto: " +
+                                   ShortDateText(kExample, program_.platform.locale) +
+                                   "\r\nPůvodní datum vrátí klávesa Esc");
+  picker.SetFocus();
 }
 
 void CalculationForm::BecomeCurrent() {

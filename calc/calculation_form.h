@@ -76,6 +76,8 @@ class CalculationForm : public Form, public CalculationWindow {
   BankRates bank_rates_{program_, [this] { tmrRepo.SetEnabled(true); }};
 
  private:
+  /// Nothing is computed with the former date as if the user had not typed another.
+  void AskForDateAgain(ui::DatePicker& picker);
   void SwitchRegime();
   void cmdTiskVyp_Click();
   void cmdTiskFa_Click();

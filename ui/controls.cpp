@@ -203,6 +203,12 @@ bool DatePicker::UserPick(Day day) {
   return true;
 }
 
+bool DatePicker::UserMistype() {
+  if (!open_to_user()) return false;
+  Mistyped.Raise();
+  return true;
+}
+
 TimerControl::TimerControl(Window& window, std::string name, Timer::Kind kind,
                            std::chrono::milliseconds interval)
     : Control(window, std::move(name)), timer_(window.event_loop(), kind, interval) {

@@ -345,10 +345,13 @@ class DatePicker final : public Control {
   void SetDay(Day day);
 
   bool UserPick(Day day);
+  /// What the user typed, and now goes on from, is no day of the range. The date stays as it was.
+  bool UserMistype();
 
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
   Event<> Change;
+  Event<> Mistyped;
 
  protected:
   bool takes_focus() const override { return true; }

@@ -315,6 +315,18 @@ TEST_F(ControlsTest, DatePickerKeepsToItsRange) {
   EXPECT_FALSE(picker.UserPick(Day(2005, 1, 1)));
 }
 
+TEST_F(ControlsTest, MistypedDateIsSaidAndNotTaken) {
+  DatePicker picker(window_, "dtpVzor", Day(2005, 4, 28));
+  int mistyped = 0;
+  picker.Mistyped.Connect([&] { ++mistyped; });
+  EXPECT_TRUE(picker.UserMistype());
+  EXPECT_EQ(mistyped, 1);
+  EXPECT_EQ(picker.day(), Day(2005, 4, 28));
+  picker.SetEnabled(false);
+  EXPECT_FALSE(picker.UserMistype());
+  EXPECT_EQ(mistyped, 1);
+}
+
 TEST_F(ControlsTest, DisabledCommandsDoNothing) {
   Button button(window_, "cmdVzor");
   MenuItem item(window_, "mnuVzor");

@@ -259,6 +259,20 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"NegativeRate", "NE", "10000", 1, "-1", 365, "-100,00 Kč", "9 900,00 Kč"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
+TEST_F(frmJednotlivyTest, MistypedDateIsAskedForAgain) {
+  Open();
+  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
+  for (ui::DatePicker* picker : {&form_->dtpSplatnost, &form_->dtpZaplaceni}) {
+    EXPECT_TRUE(picker->UserMistype());
+    EXPECT_EQ(memory_.message_box.shown.at(0).icon, ui::Icon::kCritical);
+    EXPECT_THAT(Shown(),
+                ElementsAre("Datum je chybně zadáno, zadejte je například takto: 31.12.2005\r\n"
+                            "Původní datum vrátí klávesa Esc"));
+    EXPECT_EQ(form_->focused(), picker);
+  }
+  EXPECT_EQ(form_->lblPocetDnu.caption(), "365");
+}
+
 TEST_F(frmJednotlivyTest, DatesThatAreNotInOrderAreRefused) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");

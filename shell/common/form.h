@@ -49,6 +49,10 @@ class Form : public ui::Window {
     On(box.KeyPress, Procedure(box, "_KeyPress"), std::move(handler));
   }
   template <class Handler>
+  void OnMistyped(ui::DatePicker& picker, Handler handler) {
+    On(picker.Mistyped, Procedure(picker, "_Mistyped"), std::move(handler));
+  }
+  template <class Handler>
   void OnTimer(ui::TimerControl& timer, Handler handler) {
     On(timer.Tick, Procedure(timer, "_Timer"), std::move(handler));
   }

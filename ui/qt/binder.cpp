@@ -44,9 +44,15 @@ void SetBackground(QWidget& widget, ui::Background background) {
 }
 
 /// A date that is typed but not committed counts when a command is given, also by a toolbar button
-/// or a menu, which leave the keyboard in the field.
-void CommitTypedDate() {
-  if (auto* field = qobject_cast<DateField*>(QApplication::focusWidget())) field->Commit();
+/// or a menu, which leave the keyboard in the field. False: it is none, and the command has to
+/// wait.
+bool CommitTypedDate() {
+  const QWidget* window = QApplication::activeWindow();
+  if (window == nullptr) return true;
+  for (DateField* field : window->findChildren<DateField*>()) {
+    if (field->IsUncommitted() && !field->Commit()) return false;
+  }
+  return true;
 }
 
 /// The line in which the control is typed; null where it has none.
@@ -239,8 +245,7 @@ void Binder::BindButton(C& control, QAbstractButton& button,
     show(aspect);
   });
   connect(&button, &QAbstractButton::clicked, this, [this, &control] {
-    if (!listening_) return;
-    CommitTypedDate();
+    if (!listening_ || !CommitTypedDate()) return;
     control.UserClick();
   });
 }
@@ -270,6 +275,10 @@ void Binder::Visit(ui::DatePicker& control) {
             control.UserPick(day);
             if (field != nullptr) field->SetDay(control.day());
           });
+  connect(&field, &DateField::Mistyped, this, [this, &control, &field] {
+    // Nobody can correct it in a field that has been closed meanwhile.
+    if (!listening_ || !control.UserMistype()) field.SetDay(control.day());
+  });
 }
 
 void Binder::Visit(ui::DropDown& control) {
@@ -353,8 +362,7 @@ void Binder::Visit(ui::MenuItem& control) {
   } else {
     action = &Widget<QAction>(control);
     connect(action, &QAction::triggered, this, [this, &control] {
-      if (!listening_) return;
-      CommitTypedDate();
+      if (!listening_ || !CommitTypedDate()) return;
       control.UserClick();
     });
   }

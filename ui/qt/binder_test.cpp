@@ -547,11 +547,37 @@ TEST_F(BinderTest, PickedDayReachesTheModel) {
   EXPECT_EQ(model_.dtpDen.day(), Day(1999, 12, 31));
 }
 
-TEST_F(BinderTest, DayThatTheModelRefusesTurnsBack) {
+TEST_F(BinderTest, NoCommandIsGivenUponAMistypedDate) {
+  std::vector<std::string> events;
+  model_.dtpDen.Mistyped.Connect([&] { events.emplace_back("mistyped"); });
+  for (auto* click : {&model_.cmdKonec.Click, &model_.mnuKonec.Click}) {
+    click->Connect([&] { events.emplace_back("click"); });
+  }
+  const auto type = [this](const char* text) {
+    date_.setFocus();
+    date_.selectAll();
+    QTest::keyClicks(&date_, text);
+  };
+  type("31.2.2004");
+  form_.root.findChild<QAction*>("mnuKonec")->trigger();
+  EXPECT_THAT(events, ElementsAre("mistyped"));
+  EXPECT_EQ(date_.text(), "31.2.2004");
+  // The mouse takes the keyboard along to the button.
+  QTest::mouseClick(&button_, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_THAT(events, ElementsAre("mistyped", "mistyped"));
+  type("1.3.2004");
+  QTest::mouseClick(&button_, Qt::LeftButton);
+  EXPECT_THAT(events, ElementsAre("mistyped", "mistyped", "click"));
+  EXPECT_EQ(model_.dtpDen.day(), Day(2004, 3, 1));
+}
+
+TEST_F(BinderTest, MistypedDateOfADisabledFieldTurnsBack) {
   date_.setFocus();
   date_.selectAll();
-  QTest::keyClicks(&date_, "31.12.1899");
-  QTest::keyClick(&date_, Qt::Key_Return);
+  QTest::keyClicks(&date_, "31.2.2004");
+  model_.dtpDen.SetEnabled(false);
+  QCoreApplication::processEvents();
   EXPECT_EQ(date_.text(), "28.4.2005");
 }
 

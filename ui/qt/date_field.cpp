@@ -20,7 +20,9 @@ namespace {
 
 std::optional<Date> ReadDate(const QString& text, const ui::LocaleFormat& format) {
   try {
-    return ParseShortDate(ToUtf8(text), format);
+    const Date day = ParseShortDate(ToUtf8(text), format);
+    if (day < ui::DatePicker::kFirst || day > ui::DatePicker::kLast) return std::nullopt;
+    return day;
   } catch (const Error&) {
     return std::nullopt;
   }
@@ -56,8 +58,12 @@ void DateField::SetDay(std::chrono::sys_days day) {
 }
 
 bool DateField::Commit() {
+  left_mistyped_ = false;
   const std::optional<Date> typed = ReadDate(text(), format_);
-  if (!typed) return false;
+  if (!typed) {
+    emit Mistyped();
+    return false;
+  }
   Pick(*typed);
   return true;
 }
@@ -120,7 +126,14 @@ void DateField::focusOutEvent(QFocusEvent* event) {
       reason == Qt::ActiveWindowFocusReason) {
     return;
   }
-  if (!Commit()) ShowDay();
+  if (ReadDate(text(), format_)) {
+    Commit();
+    return;
+  }
+  // Only when the keyboard has arrived: the message about it brings the keyboard back.
+  left_mistyped_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { return !left_mistyped_ || Commit(); }, Qt::QueuedConnection);
 }
 
 void DateField::keyPressEvent(QKeyEvent* event) {

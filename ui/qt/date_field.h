@@ -12,8 +12,8 @@ namespace velta::qt {
 ///
 /// Typing goes on undisturbed until it is committed: by Enter, by leaving the field, or by choosing
 /// a day in the calendar (the arrow, F4 or Alt+Down; Enter takes the day there, Esc leaves the date
-/// as it was). A text that is no date turns back to the last date when the field is left, and so
-/// does any text on Esc. Neither the wheel nor the arrow keys change the date.
+/// as it was). A text that is no date is never taken for the last one: it stands, and Mistyped says
+/// so. Esc turns any text back to the last date. Neither the wheel nor the arrow keys change it.
 class DateField final : public QLineEdit {
   Q_OBJECT
 
@@ -26,13 +26,17 @@ class DateField final : public QLineEdit {
   std::chrono::sys_days day() const { return day_; }
   void SetDay(std::chrono::sys_days day);
 
-  /// Takes over what was typed. Returns false, and leaves the text standing, where that is no date.
+  /// Takes over what was typed. Where that is no date: says so and returns false.
   bool Commit();
+  /// The keyboard is in the field, or has just left a text that is no date.
+  bool IsUncommitted() const { return hasFocus() || left_mistyped_; }
   void OpenCalendar();
 
  signals:
   /// The user committed another day.
   void DayPicked(std::chrono::sys_days day);
+  /// The user would go on from a text that is no day between the first and the last that there are.
+  void Mistyped();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -47,6 +51,7 @@ class DateField final : public QLineEdit {
   std::chrono::sys_days day_{};
   QAction* arrow_;
   QPointer<QWidget> popup_;
+  bool left_mistyped_ = false;
 };
 
 }  // namespace velta::qt

@@ -25,6 +25,7 @@ class DateFieldTest : public ::testing::Test {
     field_.SetDay(kBefore);
     QObject::connect(&field_, &DateField::DayPicked, &field_,
                      [this](sys_days day) { picked_.push_back(day); });
+    QObject::connect(&field_, &DateField::Mistyped, &field_, [this] { ++mistyped_; });
     window_.show();
     QApplication::setActiveWindow(&window_);
     field_.setFocus();
@@ -45,6 +46,7 @@ class DateFieldTest : public ::testing::Test {
   DateField field_;
   QLineEdit other_;
   std::vector<sys_days> picked_;
+  int mistyped_ = 0;
 };
 
 struct Typing {
@@ -84,23 +86,38 @@ struct Refused {
 
 class RefusedDate : public DateFieldTest, public ::testing::WithParamInterface<Refused> {};
 
-TEST_P(RefusedDate, StandsOnEnterAndTurnsBackWhenTheFieldIsLeft) {
+TEST_P(RefusedDate, StandsAndIsSaid) {
   Type(GetParam().typed);
+  EXPECT_EQ(mistyped_, 0);
   QTest::keyClick(&field_, Qt::Key_Enter);
-  EXPECT_EQ(field_.text(), GetParam().typed);
+  EXPECT_EQ(mistyped_, 1);
   QTest::keyClick(&field_, Qt::Key_Tab);
   EXPECT_TRUE(other_.hasFocus());
-  EXPECT_EQ(field_.text(), "28.4.2005");
+  EXPECT_EQ(mistyped_, 1) << "not while the keyboard is on its way";
+  EXPECT_TRUE(field_.IsUncommitted());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(mistyped_, 2);
+  EXPECT_FALSE(field_.IsUncommitted());
+  EXPECT_EQ(field_.text(), GetParam().typed);
+  EXPECT_EQ(field_.day(), kBefore);
   EXPECT_TRUE(picked_.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, RefusedDate,
-                         ::testing::Values(Refused{"word", "zitra"},
-                                           Refused{"empty_but_blank", " "},
-                                           Refused{"two_digit_year", "1.2.05"},
-                                           Refused{"no_such_day", "30.2.2005"},
-                                           Refused{"half_typed", "1.2."}),
-                         [](const auto& test) { return test.param.name; });
+TEST_F(DateFieldTest, IsSaidOnceWhereACommandFollowsAtOnce) {
+  Type("30.2.2005");
+  other_.setFocus(Qt::MouseFocusReason);
+  EXPECT_FALSE(field_.Commit());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(mistyped_, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, RefusedDate,
+    ::testing::Values(Refused{"word", "zitra"}, Refused{"empty_but_blank", " "},
+                      Refused{"two_digit_year", "1.2.05"}, Refused{"no_such_day", "30.2.2005"},
+                      Refused{"half_typed", "1.2."}, Refused{"before_all_dates", "31.12.1899"},
+                      Refused{"behind_all_dates", "1.1.10000"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST_F(DateFieldTest, TakesTheDateWhenTheFieldIsLeft) {
   Type("3.5.2011");
