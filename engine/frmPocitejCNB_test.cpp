@@ -347,10 +347,12 @@ TEST_F(PocitejCnbTest, TheAmountIsKeptToFourDecimals) {
 
 TEST_F(PocitejCnbTest, LoadedAgainItHasOnlyTheRowsOfTheNewFile) {
   Load(kFourRows);
-  Load(CrLf({CnbLine("01.01.2003", "", "1,75", "3,50")}));
-  for (std::size_t list = 0; list < 4; ++list) EXPECT_EQ(Texts(list).size(), 1U);
+  Load(CrLf({CnbLine("01.01.2003", "31.12.2010", "1,75", "3,50"),
+             CnbLine("01.01.2011", "", "2,50", "5,00")}));
+  for (std::size_t list = 0; list < 4; ++list) EXPECT_EQ(Texts(list).size(), 2U);
+  EXPECT_EQ(RateOn("1.6.2005"), 3.5F) << "by the new file's dates too";
   Compute("1.1.2020", "2.1.2020", "36500");
-  EXPECT_EQ(engine.lblPenale, "3,5");
+  EXPECT_EQ(engine.lblPenale, "5");
 }
 
 TEST_F(PocitejCnbTest, ADelayFromAGapBearsNothingUntilTheLastRow) {

@@ -95,12 +95,11 @@ TEST_F(PocitejRepoTest, LoadsTwoParallelLists) {
 
 TEST_F(PocitejRepoTest, LoadedAgainItHasOnlyTheRowsOfTheNewFile) {
   Load(kThreeYears);
-  Load(CrLf({"010120062,00", "010720062,50"}));
+  Load(CrLf({"010120082,05", "010720083,00"}));
   EXPECT_EQ(engine->lstDatum.size(), 2);
   EXPECT_EQ(engine->lstSazba.size(), 2);
-  Load(kThreeYears);
-  Calculate(Day(2006, 3, 15), Day(2006, 5, 20));
-  EXPECT_THAT(engine->lstUrok, ElementsAre("9"));
+  Calculate(Day(2008, 3, 15), Day(2008, 5, 20));
+  EXPECT_THAT(engine->lstUrok, ElementsAre("9,05")) << "by the new file's half-years too";
 }
 
 TEST_F(PocitejRepoTest, HasTheSameRatesWhereTheUserHasPoints) {

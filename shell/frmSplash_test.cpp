@@ -91,7 +91,9 @@ TEST_F(frmSplashTest, FailedInitialisationKeepsTheMainWindowShut) {
 
 TEST_F(frmSplashTest, PutAwayBeforeItsTimeItOpensTheMainWindowAtOnce) {
   velta_.Start();
-  velta_.program().windows.Find("frmSplash")->CloseRequested.Raise();
+  auto& splash = dynamic_cast<frmSplash&>(*velta_.program().windows.Find("frmSplash"));
+  splash.CloseRequested.Raise();
+  EXPECT_FALSE(splash.Timer1.enabled()) << "its time does not come any more";
   EXPECT_TRUE(Loaded("frmMenu"));
   EXPECT_FALSE(Loaded("frmSplash"));
   memory_.event_loop.Advance(std::chrono::seconds(5));

@@ -215,6 +215,18 @@ TEST_F(BinderTest, TypingReachesTheModelKeyByKey) {
   EXPECT_EQ(model_.txtFaktura.text(), "1");
 }
 
+TEST_F(BinderTest, TypingInTheMiddleOfALineLeavesTheCursorThere) {
+  model_.txtFaktura.SetText("1000");
+  edit_.setCursorPosition(1);
+  QTest::keyClicks(&edit_, "23");
+  EXPECT_EQ(model_.txtFaktura.text(), "123000");
+}
+
+TEST_F(BinderTest, LabelShowsItsCaptionAsItIs) {
+  model_.lblPenale.SetCaption("Uživatel  <b>Novák</b>");
+  EXPECT_EQ(label_.textFormat(), Qt::PlainText);
+}
+
 TEST_F(BinderTest, LettersOfDeadKeysComeWithoutAKeyAndStillReachTheModel) {
   QInputMethodEvent letter;
   letter.setCommitString("ď");

@@ -172,6 +172,12 @@ TEST_F(DateFieldTest, F4OpensACzechCalendarOnTheDate) {
   EXPECT_EQ(Calendar()->locale().language(), QLocale::Czech);
 }
 
+TEST_F(DateFieldTest, F4ThatClosesAWindowOpensNoCalendar) {
+  QTest::keyClick(&field_, Qt::Key_F4, Qt::AltModifier);
+  QTest::keyClick(&field_, Qt::Key_F4, Qt::ControlModifier);
+  EXPECT_EQ(Calendar(), nullptr);
+}
+
 TEST_F(DateFieldTest, CalendarOpensOnWhatIsTyped) {
   Type("3.5.2011");
   QTest::keyClick(&field_, Qt::Key_Down, Qt::AltModifier);

@@ -81,6 +81,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(SettingsStoreTest, MissingKeyIsNoError) { EXPECT_EQ(Read("Hotovo"), std::nullopt); }
 
+TEST_F(SettingsStoreTest, ValueForAllUsersStandsInForNone) {
+  QSettings for_all(QSettings::IniFormat, QSettings::UserScope, kApplication);
+  for_all.setValue(QString(kSection) + "/Hotovo", "Ano");
+  for_all.sync();
+  EXPECT_EQ(Read("Hotovo"), std::nullopt);
+}
+
 TEST_F(SettingsStoreTest, KeysAreCaseSensitive) {
   ASSERT_TRUE(store_.Write(kApplication, kSection, "Nazev", "a"));
   EXPECT_EQ(Read("nazev"), std::nullopt);

@@ -97,6 +97,13 @@ TEST_F(HelpViewerTest, OpensAtItsContents) {
   EXPECT_FALSE(Window().windowIcon().isNull());
 }
 
+TEST_F(HelpViewerTest, WindowThatIsJustClosedIsNotBroughtBack) {
+  OpenTopic(70).close();
+  ASSERT_TRUE(viewer_.OpenTopic(file_, 70));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Window().page(), "/jednotlivy-vypocet.html");
+}
+
 TEST_F(HelpViewerTest, OpensAtATopic) {
   EXPECT_EQ(OpenTopic(70).page(), "/jednotlivy-vypocet.html");
   EXPECT_EQ(Window().windowTitle(), "Jednotlivý výpočet – Nápověda programu Velta");
