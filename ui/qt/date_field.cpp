@@ -18,16 +18,6 @@ namespace velta::qt {
 
 namespace {
 
-std::optional<Date> ReadDate(const QString& text, const ui::LocaleFormat& format) {
-  try {
-    const Date day = ParseShortDate(ToUtf8(text), format);
-    if (day < ui::DatePicker::kFirst || day > ui::DatePicker::kLast) return std::nullopt;
-    return day;
-  } catch (const Error&) {
-    return std::nullopt;
-  }
-}
-
 /// Below the field, or above it where the screen ends; never beyond the screen's sides.
 QPoint PopupPosition(const QWidget& field, QSize popup) {
   const QRect screen = field.screen()->availableGeometry();
@@ -57,9 +47,21 @@ void DateField::SetDay(std::chrono::sys_days day) {
   ShowDay();
 }
 
+std::optional<std::chrono::sys_days> DateField::TypedDay() const {
+  Date day;
+  try {
+    day = ParseShortDate(ToUtf8(text()), format_);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+  // What stands there by itself was not typed, even where it is beyond the range.
+  if (day == day_ || (day >= ui::DatePicker::kFirst && day <= ui::DatePicker::kLast)) return day;
+  return std::nullopt;
+}
+
 bool DateField::Commit() {
   left_mistyped_ = false;
-  const std::optional<Date> typed = ReadDate(text(), format_);
+  const std::optional<Date> typed = TypedDay();
   if (!typed) {
     emit Mistyped();
     return false;
@@ -90,7 +92,7 @@ void DateField::OpenCalendar() {
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar->setMinimumDate(ToQDate(ui::DatePicker::kFirst));
   calendar->setMaximumDate(ToQDate(ui::DatePicker::kLast));
-  calendar->setSelectedDate(ToQDate(ReadDate(text(), format_).value_or(day_)));
+  calendar->setSelectedDate(ToQDate(TypedDay().value_or(day_)));
   auto* layout = new QVBoxLayout(popup);
   layout->setContentsMargins(1, 1, 1, 1);
   layout->addWidget(calendar);
@@ -126,7 +128,7 @@ void DateField::focusOutEvent(QFocusEvent* event) {
       reason == Qt::ActiveWindowFocusReason) {
     return;
   }
-  if (ReadDate(text(), format_)) {
+  if (TypedDay()) {
     Commit();
     return;
   }

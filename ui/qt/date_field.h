@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <chrono>
+#include <optional>
 
 #include "ui/locale.h"
 
@@ -44,6 +45,8 @@ class DateField final : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  /// The day that the text says; none if it is no date, or one outside the range.
+  std::optional<std::chrono::sys_days> TypedDay() const;
   void Pick(std::chrono::sys_days day);
   void ShowDay();
 

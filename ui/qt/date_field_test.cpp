@@ -103,6 +103,14 @@ TEST_P(RefusedDate, StandsAndIsSaid) {
   EXPECT_TRUE(picked_.empty());
 }
 
+TEST_F(DateFieldTest, DateOfAClockThatIsWrongIsNotMistyped) {
+  field_.SetDay(Day(1583, 1, 1));
+  QTest::keyClick(&field_, Qt::Key_Enter);
+  QTest::keyClick(&field_, Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(mistyped_, 0);
+}
+
 TEST_F(DateFieldTest, IsSaidOnceWhereACommandFollowsAtOnce) {
   Type("30.2.2005");
   other_.setFocus(Qt::MouseFocusReason);
