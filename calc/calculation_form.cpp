@@ -40,6 +40,7 @@ void CalculationForm::AskForDateAgain(ui::DatePicker& picker) {
   Message(ui::Icon::kCritical, "Datum je chybně zadáno, zadejte je například takto: " +
                                    ShortDateText(kExample, program_.platform.locale) +
                                    "\r\nPůvodní datum vrátí klávesa Esc");
+  program_.windows.Open(name());  // the user may have turned to another window
   picker.SetFocus();
 }
 

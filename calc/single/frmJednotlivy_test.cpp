@@ -273,6 +273,13 @@ TEST_F(frmJednotlivyTest, MistypedDateIsAskedForAgain) {
   EXPECT_EQ(form_->lblPocetDnu.caption(), "365");
 }
 
+TEST_F(frmJednotlivyTest, MistypedDateBringsBackTheWindowThatTheUserLeft) {
+  Open();
+  windows().Open("frmFaktura");
+  form_->dtpSplatnost.UserMistype();
+  EXPECT_EQ(windows().active(), form_) << "from another window its calculation would be printed";
+}
+
 TEST_F(frmJednotlivyTest, DatesThatAreNotInOrderAreRefused) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");

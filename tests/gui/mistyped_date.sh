@@ -6,6 +6,7 @@ source "$(dirname "$0")/desktop.sh" "$2"
 start_desktop
 start_velta "$1"
 open_main_window
+menu v n
 open_calculation
 
 press ctrl+a
@@ -19,6 +20,9 @@ expect "what was typed" 31.2.2004 field_text
 press alt+k
 answer_box
 expect "what was typed, still" 31.2.2004 field_text
+press ctrl+Tab
+answer_box
+expect "what was typed, and not the other window's text" 31.2.2004 field_text
 press Escape
 expect "the former date" "$(date -d '12:00 15 days ago' +%-d.%-m.%Y)" field_text
 fill 28.2.2004

@@ -32,7 +32,8 @@ fill 20.6.2005
 press Tab
 fill 4000
 picture 1-before-the-first-payment
-press alt+p
+# However long the key is held down, it is one payment.
+xdotool keydown alt keydown p sleep 1.2 keyup p keyup alt
 wait_until "the payment has been added" sleep 0.5
 picture 2-first-payment
 

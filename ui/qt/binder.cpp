@@ -94,10 +94,6 @@ bool LeftToForm(const ui::Control& control, Aspect aspect) {
   return aspect == Aspect::kCaption && captioned != nullptr && captioned->caption().empty();
 }
 
-bool IsEnter(const QKeyEvent& event) {
-  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 bool IsUsersWay(Qt::FocusReason reason) {
   return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
          reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
@@ -143,14 +139,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         controls_.value(watched)->SetFocus();
       }
       return false;
-    case QEvent::KeyPress: {
-      auto& key = *static_cast<QKeyEvent*>(event);
-      // Enter that is held, since the field before perhaps, does not press again and again.
-      if (qobject_cast<QAbstractButton*>(watched) != nullptr) {
-        return key.isAutoRepeat() && IsEnter(key);
-      }
-      return lines_.contains(watched) && Key(*static_cast<QLineEdit*>(watched), key);
-    }
+    case QEvent::KeyPress:
+      return lines_.contains(watched) &&
+             Key(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
     case QEvent::Wheel:
       // Who scrolls past a closed list does not mean to choose another item.
       if (auto* list = qobject_cast<QComboBox*>(watched); list != nullptr && !list->hasFocus()) {
@@ -167,7 +158,7 @@ bool Binder::Key(QLineEdit& edit, QKeyEvent& event) {
   // Neither is Shift looked at, with which the Czech keyboard types digits, nor AltGr.
   const bool shortcut =
       (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-  const bool enter = IsEnter(event);
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   const bool character = !event.text().isEmpty() && event.text().front().isPrint();
   if (shortcut || !(enter || character)) return false;
   const std::string typed = enter ? "\r" : ToUtf8(event.text());

@@ -614,8 +614,6 @@ TEST_F(BinderTest, ButtonsClick) {
   QTest::keyClick(&button_, Qt::Key_Return);
   QTest::keyClick(&button_, Qt::Key_Enter, Qt::KeypadModifier);
   EXPECT_EQ(clicks, 4);
-  QTest::simulateEvent(&button_, true, Qt::Key_Return, Qt::NoModifier, "\r", /*repeat=*/true);
-  EXPECT_EQ(clicks, 4) << "an Enter that is held presses once";
 }
 
 TEST_F(BinderTest, TabGoesInTheModelsReadingOrderAndRaisesTheHint) {

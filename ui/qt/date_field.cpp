@@ -132,10 +132,11 @@ void DateField::focusOutEvent(QFocusEvent* event) {
     Commit();
     return;
   }
-  // Only when the keyboard has arrived: the message about it brings the keyboard back.
+  // Only when the keyboard has arrived: the message about it brings the keyboard back. From a
+  // window's frame, by which the mouse moves or closes it, the keyboard is back by itself.
   left_mistyped_ = true;
   QMetaObject::invokeMethod(
-      this, [this] { return !left_mistyped_ || Commit(); }, Qt::QueuedConnection);
+      this, [this] { return !left_mistyped_ || hasFocus() || Commit(); }, Qt::QueuedConnection);
 }
 
 void DateField::keyPressEvent(QKeyEvent* event) {

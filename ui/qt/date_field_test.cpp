@@ -119,6 +119,15 @@ TEST_F(DateFieldTest, IsSaidOnceWhereACommandFollowsAtOnce) {
   EXPECT_EQ(mistyped_, 1);
 }
 
+TEST_F(DateFieldTest, IsNotSaidWhereTheKeyboardComesBackAtOnce) {
+  Type("30.2.2005");
+  // So does the frame of a window inside another, when the mouse moves or closes it.
+  window_.setFocus(Qt::MouseFocusReason);
+  field_.setFocus(Qt::OtherFocusReason);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(mistyped_, 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Texts, RefusedDate,
     ::testing::Values(Refused{"word", "zitra"}, Refused{"empty_but_blank", " "},

@@ -258,20 +258,43 @@ std::unique_ptr<ui::WindowView> WindowSystem::CreateView(ui::Window& window) {
   return std::make_unique<TopView>(*this, window, content);
 }
 
-/// An access key presses its button at once and once. Qt would press it a tenth of a second later,
-/// when the user may have gone on already, and again for as long as the key is held.
+/// An access key presses its button at once and once, and Enter once. Qt would press it a tenth of
+/// a second after the access key, when the user may have gone on already, and both again for as
+/// long as the key is held.
 bool WindowSystem::eventFilter(QObject* watched, QEvent* event) {
-  // Every shortcut is offered to the widget with the keyboard first, with the key itself.
-  if (event->type() == QEvent::ShortcutOverride) {
-    key_is_held_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  switch (event->type()) {
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:  // comes before every press
+      FollowKey(*static_cast<QKeyEvent*>(event));
+      return false;
+    case QEvent::KeyPress: {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+      return key_is_held_ && enter && qobject_cast<QAbstractButton*>(watched) != nullptr;
+    }
+    case QEvent::Shortcut: {
+      const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+      auto* button = shortcut.isAmbiguous() ? ButtonInActiveChild(shortcut.key())
+                                            : qobject_cast<QAbstractButton*>(watched);
+      if (button == nullptr) return false;
+      if (!key_is_held_) button->click();
+      return true;
+    }
+    default:
+      return false;
   }
-  if (event->type() != QEvent::Shortcut) return false;
-  const auto& shortcut = *static_cast<QShortcutEvent*>(event);
-  auto* button = shortcut.isAmbiguous() ? ButtonInActiveChild(shortcut.key())
-                                        : qobject_cast<QAbstractButton*>(watched);
-  if (button == nullptr) return false;
-  if (!key_is_held_) button->click();
-  return true;
+}
+
+/// X repeats a key that is held as its going up and down in the same moment. Qt takes that for a
+/// repetition only where it has read both already, which is a matter of luck.
+void WindowSystem::FollowKey(const QKeyEvent& event) {
+  if (event.type() == QEvent::KeyRelease) {
+    released_key_ = event.key();
+    released_at_ = event.timestamp();
+    return;
+  }
+  key_is_held_ = event.isAutoRepeat() || (event.key() == released_key_ && released_at_ != 0 &&
+                                          event.timestamp() == released_at_);
 }
 
 void WindowSystem::SubWindowActivated(QMdiSubWindow* sub_window) {

@@ -9,6 +9,7 @@
 #include "ui/window_system.h"
 
 class QAbstractButton;
+class QKeyEvent;
 class QKeySequence;
 class QMdiArea;
 class QMdiSubWindow;
@@ -32,6 +33,7 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   class TopView;
   class ChildView;
 
+  void FollowKey(const QKeyEvent& event);
   void SubWindowActivated(QMdiSubWindow* sub_window);
   void RequestHelp(ui::Window& main);
   [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
@@ -41,8 +43,10 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   QPointer<QMdiArea> desktop_;
   QHash<const QObject*, ui::Window*> children_;
   const QObject* active_ = nullptr;  // the sub-window that was activated last
-  bool key_is_held_ = false;         // the key of the shortcut that comes next
-  bool program_acts_ = false;        // activations that follow are not the user's
+  int released_key_ = 0;
+  quint64 released_at_ = 0;    // 0: no time is known
+  bool key_is_held_ = false;   // the key that is pressed now, or last
+  bool program_acts_ = false;  // activations that follow are not the user's
 };
 
 }  // namespace velta::qt

@@ -272,6 +272,31 @@ TEST_F(ChildTest, AccessKeyPressesItsButtonAtOnceAndOnce) {
   }
 }
 
+TEST_F(ChildTest, EnterThatIsHeldPressesOnce) {
+  int clicks = 0;
+  first_.cmdNovy.Click.Connect([&] { ++clicks; });
+  first_view_->Show();
+  first_.cmdNovy.SetFocus();
+  QWidget* button = QApplication::focusWidget();
+  QTest::keyClick(button, Qt::Key_Return);
+  EXPECT_EQ(clicks, 1);
+  QTest::simulateEvent(button, true, Qt::Key_Return, Qt::NoModifier, "\r", /*repeat=*/true);
+  EXPECT_EQ(clicks, 1);
+  // As X says it: the key goes up and down in the same moment.
+  constexpr quint64 kMoment = 1000;
+  const auto send = [button](QEvent::Type type, quint64 time) {
+    QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r");
+    event.setTimestamp(time);
+    QApplication::sendEvent(button, &event);
+  };
+  send(QEvent::KeyRelease, kMoment);
+  for (const auto& [time, expected] : {std::pair(kMoment, 1), {kMoment + 1, 2}}) {
+    send(QEvent::ShortcutOverride, time);
+    send(QEvent::KeyPress, time);
+    EXPECT_EQ(clicks, expected);
+  }
+}
+
 TEST_F(ChildTest, F1AsksTheWindowForHelpThatHasTheKeyboard) {
   std::vector<std::string> asked;
   main_.HelpRequested.Connect([&] { asked.emplace_back("main"); });
