@@ -31,6 +31,8 @@ class BankRates {
 
   /// Whether a computation has been started and `repo_ready` not yet been called.
   bool RepoPending() const { return repo_.Timer1.armed(); }
+  /// Carries a pending computation through now.
+  void FinishRepo() { repo_.Timer1.RunNow(); }
   /// Forgets a pending computation.
   void CancelRepo() { repo_.Timer1.Disarm(); }
 

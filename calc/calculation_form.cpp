@@ -12,9 +12,11 @@ CalculationForm::CalculationForm(Program& program, std::string name, Calculation
     : Form(program, std::move(name)),
       settings_(settings),
       kind_(kind),
+      calculations_(calculations),
       entry_(kind == CalculationKind::kSingle ? calculations.single : calculations.progressive) {
   cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
 
+  for (ui::Button* command : {&cmdNovy, &cmdTiskVyp, &cmdTiskFa}) command->SetUsesInputs();
   OnClick(cmdNovy, [this] { cmdNovy_Click(); });
   OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
   OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
@@ -40,7 +42,8 @@ void CalculationForm::AskForDateAgain(ui::DatePicker& picker) {
   Message(ui::Icon::kCritical, "Datum je chybně zadáno, zadejte je například takto: " +
                                    ShortDateText(kExample, program_.platform.locale) +
                                    "\r\nPůvodní datum vrátí klávesa Esc");
-  program_.windows.Open(name());  // the user may have turned to another window
+  if (program_.windows.Find(name()) != this) return;  // closed while the box stood open
+  program_.windows.Open(name());                      // the user may have turned to another window
   picker.SetFocus();
 }
 
@@ -132,6 +135,15 @@ void CalculationForm::OpenRateBox(ui::TextBox& box) const {
   box.SetBackground(typed ? ui::Background::kWindow : ui::Background::kFace);
 }
 
+void CalculationForm::Settle() {
+  bank_rates_.FinishRepo();
+  tmrRepo.RunNow();
+}
+
+void CalculationForm::TellOfRecord() const {
+  if (calculations_.on_new_record) calculations_.on_new_record();
+}
+
 void CalculationForm::CancelRepo() {
   bank_rates_.CancelRepo();
   tmrRepo.SetEnabled(false);
@@ -147,7 +159,7 @@ void CalculationForm::ClearResults() {
 }
 
 void CalculationForm::cmdTiskVyp_Click() {
-  // Without a record the first repo result is still on its way.
+  Settle();
   if (!program_.state.CalculationFinished || !finished()) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
@@ -156,6 +168,7 @@ void CalculationForm::cmdTiskVyp_Click() {
 }
 
 void CalculationForm::cmdTiskFa_Click() {
+  Settle();
   if (!program_.state.CalculationFinished) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;

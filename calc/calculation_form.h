@@ -14,6 +14,7 @@ namespace velta {
 /// it computes and how it rounds, is in the windows themselves.
 class CalculationForm : public Form, public CalculationWindow {
  public:
+  void Settle() override;
   void PrintLater() override { tmrTiskVypoctu.SetEnabled(true); }
 
   ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", Today()};
@@ -67,6 +68,9 @@ class CalculationForm : public Form, public CalculationWindow {
   /// The rate of a bank kind is not typed.
   void OpenRateBox(ui::TextBox& box) const;
 
+  /// Tells whoever shows the result elsewhere that there is another.
+  void TellOfRecord() const;
+
   bool RepoPending() const { return bank_rates_.RepoPending() || tmrRepo.enabled(); }
   void CancelRepo();
   /// Sets the shared values of a calculation to 0.
@@ -83,6 +87,7 @@ class CalculationForm : public Form, public CalculationWindow {
   void cmdTiskFa_Click();
 
   CalculationKind kind_;
+  CalculationWindows& calculations_;
   CalculationWindow*& entry_;  // of this window among those that are loaded
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ class CalculationWindow {
  public:
   virtual ~CalculationWindow() = default;
 
+  /// Carries a repo computation through that has been started and waits for the event loop. Whoever
+  /// asks for a result does so first; else he would get the one before.
+  virtual void Settle() = 0;
   /// Prints as the window's own command does, but after the caller has returned.
   virtual void PrintLater() = 0;
   /// The report box as it stands, lines ended by CR LF.
@@ -35,10 +39,16 @@ struct CalculationWindows {
   CalculationWindow* Current(const CalculationState& state) const {
     return state.SingleIsCurrent ? single : progressive;
   }
-  /// The same if its calculation is finished, else null.
+  /// The same, settled, if its calculation is finished, else null.
   CalculationWindow* Finished(const CalculationState& state) const {
-    return state.CalculationFinished ? Current(state) : nullptr;
+    CalculationWindow* const current = Current(state);
+    if (current != nullptr) current->Settle();
+    return state.CalculationFinished ? current : nullptr;
   }
+
+  /// Called when the record of the current calculation has become another one: the open invoice
+  /// listens.
+  std::function<void()> on_new_record;
 };
 
 }  // namespace velta

@@ -46,8 +46,7 @@ const char* Owner(std::size_t field) {
 
 }  // namespace
 
-frmFaktura::frmFaktura(Program& program, const Settings& settings,
-                       const CalculationWindows& calculations)
+frmFaktura::frmFaktura(Program& program, const Settings& settings, CalculationWindows& calculations)
     : Form(program, "frmFaktura"), settings_(settings), calculations_(calculations) {
   txtTextFaktury.SetReadOnly();  // what is shown is what is printed
   for (std::size_t i = 0; i < txtFaktura.size(); ++i) {
@@ -60,6 +59,7 @@ frmFaktura::frmFaktura(Program& program, const Settings& settings,
       cmdHelp.Click.Raise();
     });
   }
+  cmdTisk.SetUsesInputs();
   OnClick(cmdTisk, [this] { cmdTisk_Click(); });
   OnClick(cmdHelp, [this] { OpenHelp(program_, HelpTopic::kInvoice); });
   OnClick(cmdKonec, [this] { Close(); });
@@ -85,9 +85,11 @@ void frmFaktura::OnLoad() {
     txtFaktura.at(field++).SetText(*text);
   }
   TakeOverFinished();
+  calculations_.on_new_record = [this] { TakeOverFinished(); };
 }
 
 void frmFaktura::OnUnload() {
+  calculations_.on_new_record = {};
   CalculationState& state = program_.state;
   if (state.LastCalculationKind) {
     program_.windows.Unload(*state.LastCalculationKind == CalculationKind::kSingle ? "frmJednotlivy"
@@ -135,7 +137,6 @@ void frmFaktura::cmdTisk_Click() {
     return;
   }
   if (!IsFilledIn()) return;
-  TakeOverFinished();  // the calculation may have changed since the invoice was opened
   const ui::PrintedDocument page =
       InvoicePage(Filled(), settings_.record(), *calculation, program_.platform.locale);
   if (!PrintOnDefaultPrinter(program_, page)) throw Error(ErrorNumber::kPrintCancelled);

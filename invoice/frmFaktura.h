@@ -15,7 +15,7 @@ namespace velta {
 /// calculation from which it was made.
 class frmFaktura final : public Form {
  public:
-  frmFaktura(Program& program, const Settings& settings, const CalculationWindows& calculations);
+  frmFaktura(Program& program, const Settings& settings, CalculationWindows& calculations);
 
   /// Take over the result of a single, respectively a progressive calculation into the item line;
   /// where there is none they tell the user so.
@@ -54,7 +54,7 @@ class frmFaktura final : public Form {
   Date DueDate() const;
 
   const Settings& settings_;
-  const CalculationWindows& calculations_;
+  CalculationWindows& calculations_;
 };
 
 }  // namespace velta

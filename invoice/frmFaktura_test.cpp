@@ -34,6 +34,7 @@ constexpr const char* kNothingToInvoice = "Není dosud proveden výpočet, nelze
 /// Stands for a progressive calculation, of which the invoice knows the record alone.
 class ProgressiveCalculation final : public CalculationWindow {
  public:
+  void Settle() override {}
   void PrintLater() override {}
   const std::string& ReportBoxText() const override { return report_; }
   std::optional<FinishedCalculation> finished() const override {
@@ -296,13 +297,17 @@ TEST_F(frmFakturaTest, LoadersReportUnderTheirOwnNames) {
           "Chyba 6 (Přetečení) v proceduře\r\n(NacteniPostupnehoVypoctu) of (frmFaktura.frm)."));
 }
 
-TEST_F(frmFakturaTest, OpeningAgainTakesOverTheLatestCalculation) {
+TEST_F(frmFakturaTest, ItemLineFollowsTheCalculation) {
   frmJednotlivy& single = FinishSingle();
   OpenFilled();
   single.txtDluznaCastka.UserEdit("20000");
-  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t1 002,74 Kč");
-  single.cmdTiskFa.UserClick();
   EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t2 005,48 Kč");
+  single.txtDluznaCastka.UserEdit("");
+  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t2 005,48 Kč")
+      << "as long as the result stands it is the one to be invoiced";
+  EXPECT_THAT(Print(),
+              Contains("    |Úroky z prodlení" + std::string(52, ' ') + "2 005,48 Kč     |"));
+  single.cmdTiskFa.UserClick();
   EXPECT_EQ(Field(1).text(), "Dlužník") << "what was typed stays";
   EXPECT_EQ(windows().active(), form_);
 }
@@ -316,16 +321,35 @@ TEST_F(frmFakturaTest, OpeningAgainWithoutACalculationChangesNothing) {
   EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_F(frmFakturaTest, AfterNewCalculationTheLastResultIsInvoiced) {
-  FinishSingle().cmdNovy.UserClick();
-  ASSERT_TRUE(state().CalculationFinished);
+TEST_F(frmFakturaTest, ItemLineFollowsAlsoACalculationInAnotherWindow) {
+  FinishSingle();
   OpenFilled();
+  windows().Unload("frmJednotlivy");
+  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t1 002,74 Kč")
+      << "there is no other yet, and nothing can be printed";
+  frmJednotlivy& next = FinishSingle();
   EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t1 002,74 Kč");
-  EXPECT_THAT(Print(),
-              Contains("    |Úroky z prodlení" + std::string(52, ' ') + "1 002,74 Kč     |"));
+  next.txtDluznaCastka.UserEdit("30000");
+  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t3 008,22 Kč");
+  windows().Unload("frmFaktura");
+  Open();
+  EXPECT_EQ(form_->txtTextFaktury.text(), "") << "closing the invoice has closed the calculation";
 }
 
-TEST_F(frmFakturaTest, FirstRepoResultThatIsOnItsWayIsNoCalculationYet) {
+TEST_F(frmFakturaTest, AfterNewCalculationNothingOfTheCaseBeforeIsInvoiced) {
+  frmJednotlivy& single = FinishSingle();
+  OpenFilled();
+  single.cmdNovy.UserClick();
+  ASSERT_TRUE(state().CalculationFinished);
+  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t0,00 Kč");
+  const std::vector<std::string> page = Print();
+  EXPECT_THAT(page, Contains("    |Úroky z prodlení" + std::string(52, ' ') + "0,00 Kč         |"));
+  EXPECT_THAT(page, Contains("    |Na částku " + std::string(58, ' ') + "0,00 Kč         |"));
+  EXPECT_THAT(page,
+              Contains("    |Počet dnů prodlení " + std::string(48, ' ') + "0                |"));
+}
+
+TEST_F(frmFakturaTest, FirstRepoResultIsThereTheMomentItIsInvoiced) {
   auto& single = Opened<frmJednotlivy>("frmJednotlivy");
   single.dtpSplatnost.UserPick(Day(2006, 3, 15));
   single.dtpZaplaceni.UserPick(Day(2006, 5, 20));
@@ -333,12 +357,11 @@ TEST_F(frmFakturaTest, FirstRepoResultThatIsOnItsWayIsNoCalculationYet) {
   single.cboDruhSazby.UserPick(5);
   ASSERT_TRUE(state().CalculationFinished);
   OpenFilled();
-  EXPECT_EQ(form_->txtTextFaktury.text(), "");
-  form_->cmdTisk.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre(kNothingToPrint));
-  memory_.event_loop.RunUntilIdle();
-  Print();
-  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t" + single.lblPenale.caption());
+  EXPECT_EQ(single.lblPenale.caption(), "162,74 Kč");
+  EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t162,74 Kč");
+  single.txtDluznaCastka.UserEdit("20000");
+  EXPECT_THAT(Print(),
+              Contains("    |Úroky z prodlení" + std::string(52, ' ') + "325,48 Kč       |"));
 }
 
 // --- what must be filled in --------------------------------------------------------------------

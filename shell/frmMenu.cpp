@@ -31,6 +31,9 @@ frmMenu::frmMenu(Program& program, Settings& settings, const CalculationWindows&
 frmMenu::~frmMenu() { program_.status.Attach(nullptr); }
 
 void frmMenu::WireCommands() {
+  for (ui::MenuItem* item : {&mnuTiskVypoctu, &mnuVystavitFakturu, &mnuKopirovat}) {
+    item->SetUsesInputs();
+  }
   WireOpener(mnuJednotlivyVypocet, "frmJednotlivy");
   WireOpener(mnuPostupnyVypocet, "frmPostupny");
   WireOpener(mnuNastaveni, "frmNastaveni");
@@ -56,6 +59,7 @@ void frmMenu::WireCommands() {
     ui::Button& button = cmdMenu.at(i);
     ui::MenuItem& item = *commands.at(i);
     button.SetTakesFocus(false);
+    if (item.uses_inputs()) button.SetUsesInputs();
     OnClick(button, [&item] { item.UserClick(); });
     // A button is its menu item in another shape: named and enabled like it.
     item.Updated.Connect([&item, &button](ui::Aspect) {
@@ -132,7 +136,7 @@ void frmMenu::mnuTiskVypoctu_Click() {
 }
 
 void frmMenu::mnuVystavitFakturu_Click() {
-  if (!program_.state.CalculationFinished) {
+  if (calculations_.Finished(program_.state) == nullptr) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }

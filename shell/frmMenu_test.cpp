@@ -11,13 +11,17 @@
 
 #include "calc/progressive/frmPostupny.h"
 #include "calc/single/frmJednotlivy.h"
+#include "invoice/frmFaktura.h"
 #include "shell/velta.h"
 #include "tests/support/program_test.h"
 
 namespace velta {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 constexpr const char* kRefusedPrint = "Výpočet ještě není dokončen, nelze tisknout";
@@ -224,6 +228,44 @@ TEST_F(frmMenuTest, CopyReplacesTheClipboardByTheReport) {
   EXPECT_EQ(memory_.clipboard.text, single.txtReport.text());
   EXPECT_EQ(memory_.clipboard.text.substr(0, 41), "Podklady pro výpočet úroku z prodlení");
   EXPECT_EQ(memory_.clipboard.text.substr(memory_.clipboard.text.size() - 4), "**\r\n");
+}
+
+// Rounded up to 10 haléř after each half-year: 10 000 Kč at 9,5 % for 50 days 130,1369… Kč; 20 000
+// Kč at 9,5 % for 60 days 312,3287… Kč and at 8,75 % for 10 days 47,9452… Kč more.
+TEST_F(frmMenuTest, CommandsCarryAPendingRepoResultThroughFirst) {
+  Start();
+  menu_->mnuJednotlivyVypocet.UserClick();
+  auto& single = dynamic_cast<frmJednotlivy&>(*windows().Find("frmJednotlivy"));
+  single.dtpSplatnost.UserPick(Day(2005, 5, 1));
+  single.dtpZaplaceni.UserPick(Day(2005, 6, 20));
+  single.txtDluznaCastka.UserEdit("10000");
+  single.cboDruhSazby.UserPick(5);
+  menu_->mnuKopirovat.UserClick();
+  EXPECT_THAT(memory_.clipboard.text, HasSubstr("Úrok z prodlení celkem\t130,20 Kč\r\n"));
+  single.txtDluznaCastka.UserEdit("20000");
+  single.dtpZaplaceni.UserPick(Day(2005, 7, 10));
+  menu_->mnuVystavitFakturu.UserClick();
+  auto& invoice = dynamic_cast<frmFaktura&>(*windows().Find("frmFaktura"));
+  EXPECT_THAT(invoice.txtTextFaktury.text(), HasSubstr("\t360,40 Kč"));
+  single.txtDluznaCastka.UserEdit("10000");
+  menu_->mnuTiskVypoctu.UserClick();
+  single.dtpZaplaceni.UserPick(Day(2005, 6, 20));  // before the print's turn
+  memory_.event_loop.RunUntilIdle();
+  ASSERT_EQ(memory_.printer.printed.size(), 1U);
+  EXPECT_THAT(memory_.printer.printed[0].document.lines,
+              Contains(Field(&ui::PrintedLine::text, HasSubstr("130,20 Kč"))));
+  EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmMenuTest, OnlyCommandsOnACalculationUseItsInputs) {
+  Start();
+  std::vector<std::string> names;
+  for (ui::Control* control : menu_->controls()) {
+    const auto* command = dynamic_cast<const ui::Command*>(control);
+    if (command != nullptr && command->uses_inputs()) names.push_back(command->name());
+  }
+  EXPECT_THAT(names, ElementsAre("mnuTiskVypoctu", "mnuVystavitFakturu", "mnuKopirovat",
+                                 "cmdMenu(3)", "cmdMenu(4)", "cmdMenu(5)"));
 }
 
 TEST_F(frmMenuTest, ClipboardThatCannotBeHadIsReported) {

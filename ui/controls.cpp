@@ -74,13 +74,7 @@ void Frame::Hold(std::initializer_list<Control*> controls) {
   for (Control* control : controls) control->container_ = this;
 }
 
-bool Button::UserClick() {
-  if (!open_to_user()) return false;
-  Click.Raise();
-  return true;
-}
-
-bool MenuItem::UserClick() {
+bool Command::UserClick() {
   if (!open_to_user()) return false;
   Click.Raise();
   return true;
@@ -199,6 +193,7 @@ void DatePicker::SetDay(Day day) {
 
 bool DatePicker::UserPick(Day day) {
   if (!open_to_user()) return false;
+  refused_ = false;
   SetDay(day);
   return true;
 }

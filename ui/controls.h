@@ -165,18 +165,34 @@ class Frame final : public CaptionedControl {
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
-/// A push button.
-class Button final : public CaptionedControl {
+/// What the user gives a command with.
+class Command : public CaptionedControl {
  public:
-  Button(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  /// The command works on what the user has entered, so a date that is being typed is taken over
+  /// first. Others, such as the one for help, leave the typing alone.
+  bool uses_inputs() const { return uses_inputs_; }
+  void SetUsesInputs() { uses_inputs_ = true; }
+
+  bool UserClick();
+
+  Event<> Click;
+
+ protected:
+  using CaptionedControl::CaptionedControl;
+
+ private:
+  bool uses_inputs_ = false;
+};
+
+/// A push button.
+class Button final : public Command {
+ public:
+  Button(Window& window, std::string name) : Command(window, std::move(name)) {}
 
   /// A toolbar's buttons leave the keyboard where it is.
   void SetTakesFocus(bool takes_focus) { takes_focus_ = takes_focus; }
 
-  bool UserClick();
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
-
-  Event<> Click;
 
  protected:
   bool takes_focus() const override { return takes_focus_; }
@@ -186,14 +202,10 @@ class Button final : public CaptionedControl {
 };
 
 /// An item of the menu bar: a menu, a command or (caption "-") a separating line.
-class MenuItem final : public CaptionedControl {
+class MenuItem final : public Command {
  public:
-  MenuItem(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
-
-  bool UserClick();
+  MenuItem(Window& window, std::string name) : Command(window, std::move(name)) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
-
-  Event<> Click;
 };
 
 /// A key that stands for a character, on its way into a text box. A handler may put another text in
@@ -348,6 +360,11 @@ class DatePicker final : public Control {
   /// What the user typed, and now goes on from, is no day of the range. The date stays as it was.
   bool UserMistype();
 
+  /// For handlers of Change: nothing could be computed with the day, and the user has been told.
+  void Refuse() { refused_ = true; }
+  /// Whether the day that the user picked last was refused.
+  bool refused() const { return refused_; }
+
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
   Event<> Change;
@@ -358,6 +375,7 @@ class DatePicker final : public Control {
 
  private:
   Day day_;
+  bool refused_ = false;
 };
 
 /// A window's timer (ui/timer.h) under its name; enabled while it is armed. It dies with its
@@ -368,6 +386,8 @@ class TimerControl final : public Control {
                std::chrono::milliseconds interval = std::chrono::milliseconds(0));
 
   void SetEnabled(bool enabled) override;
+  /// Ticks now, where it is enabled, instead of on its turn.
+  void RunNow() { timer_.RunNow(); }
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
   Event<> Tick;

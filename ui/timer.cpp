@@ -22,4 +22,10 @@ void Timer::Disarm() {
   ticket_ = 0;
 }
 
+void Timer::RunNow() {
+  if (!armed()) return;
+  Disarm();
+  Tick.Raise();
+}
+
 }  // namespace velta::ui

@@ -24,6 +24,8 @@ class Timer {
   bool armed() const { return ticket_ != 0; }
   void Arm();  ///< an armed timer goes on as it is
   void Disarm();
+  /// Runs an armed one-shot timer now instead of on its turn; a disarmed one is left alone.
+  void RunNow();
 
   Event<> Tick;
 

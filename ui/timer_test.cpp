@@ -51,6 +51,23 @@ TEST(TimerTest, DisarmedTimerDoesNotRun) {
   EXPECT_EQ(ticks, 0);
 }
 
+TEST(TimerTest, ArmedTimerMayBeRunAtOnceAndThenDoesNotRunAgain) {
+  MemoryEventLoop loop;
+  Timer timer(loop, Timer::Kind::kOneShot, milliseconds(0));
+  int ticks = 0;
+  timer.Tick.Connect([&] {
+    EXPECT_FALSE(timer.armed());
+    ++ticks;
+  });
+  timer.RunNow();
+  EXPECT_EQ(ticks, 0) << "it was not armed";
+  timer.Arm();
+  timer.RunNow();
+  EXPECT_EQ(ticks, 1);
+  loop.RunUntilIdle();
+  EXPECT_EQ(ticks, 1);
+}
+
 TEST(TimerTest, DestroyedTimerDoesNotRun) {
   MemoryEventLoop loop;
   int ticks = 0;

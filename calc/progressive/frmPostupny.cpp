@@ -38,6 +38,7 @@ frmPostupny::frmPostupny(Program& program, const Settings& settings,
   cboDruhSazby.SetEditable();
   txtData[kRate].SetToolTip("Zadejte úrokovou sazbu");
   txtPostup.SetReadOnly();
+  cmdPridat.SetUsesInputs();
   WireEvents();
   WireHints();
 }
@@ -216,11 +217,15 @@ void frmPostupny::RecordPayment(Payment payment) {
     state.CalculationFinished = true;
     cmdTiskVyp.SetFocus();
     cmdPridat.SetEnabled(false);
+  } else {
+    dtpZaplaceni.SetFocus();  // the next payment begins with its day
   }
   for (const std::string& row : rows) List4.AddItem(row);
   ShowTotal(payment.interest);
   result_.payments.push_back(std::move(payment));
-  if (state.CalculationFinished) AppendReport(ClosingReport(result_, locale));
+  if (!state.CalculationFinished) return;
+  AppendReport(ClosingReport(result_, locale));
+  TellOfRecord();
 }
 
 void frmPostupny::ShowTotal(double latest_interest) {

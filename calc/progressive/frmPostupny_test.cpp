@@ -1412,14 +1412,32 @@ TEST_F(frmPostupnyTest, PrintAndInvoiceNeedAFinishedCalculation) {
   EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
 }
 
-TEST_F(frmPostupnyTest, PendingLastPaymentIsNotFinishedYet) {
+TEST_F(frmPostupnyTest, CommandCarriesThePendingPaymentThroughFirst) {
   Open();
   EnterInvoice("10000", Day(2006, 3, 15), kRepo, "");
-  Press(Day(2006, 5, 20), "10000");
-  form_->cmdTiskVyp.UserClick();
+  Press(Day(2006, 5, 20), "4000");
+  EXPECT_FALSE(state().CalculationFinished);
   form_->cmdTiskFa.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre(kNotPrintable, kNotPrintable));
-  EXPECT_THAT(memory_.printer.asked, IsEmpty());
+  EXPECT_THAT(Shown(), ElementsAre(kNotPrintable)) << "recorded, but not the last one";
+  EXPECT_THAT(Rows(form_->List3), ElementsAre("6000"));
+  Press(Day(2006, 5, 20), "6000");
+  form_->cmdTiskVyp.UserClick();
+  EXPECT_THAT(Shown(), IsEmpty());
+  EXPECT_EQ(memory_.printer.printed.size(), 1U);
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(Rows(form_->List3), ElementsAre("6000", "0")) << "one press, one record";
+}
+
+TEST_F(frmPostupnyTest, NextPaymentBeginsWithItsDay) {
+  Open();
+  EnterSampleInvoice();
+  form_->txtData[kPayment].SetFocus();
+  Pay(Day(2004, 1, 31), "5000");
+  EXPECT_EQ(form_->focused(), &form_->dtpZaplaceni);
+  Pay(Day(2004, 1, 31), "6000");
+  EXPECT_EQ(form_->focused(), &form_->txtData[kPayment]) << "it was too much";
+  Pay(Day(2004, 1, 31), "5000");
+  EXPECT_EQ(form_->focused(), &form_->cmdTiskVyp) << "it was the last one";
 }
 
 TEST_F(frmPostupnyTest, InvoiceOpensFromAFinishedCalculation) {

@@ -32,8 +32,11 @@ frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
 }
 
 void frmJednotlivy::WireEvents() {
-  OnChange(dtpSplatnost, [this] { VypocitejJednotlivy(); });
-  OnChange(dtpZaplaceni, [this] { VypocitejJednotlivy(); });
+  for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
+    OnChange(*picker, [this, picker] {
+      if (!VypocitejJednotlivy()) picker->Refuse();
+    });
+  }
   OnChange(txtVyseSazby, [this] { VypocitejJednotlivy(); });
   OnChange(cboDruhSazby, [this] { cboDruhSazby_Change(); });
   OnChange(txtDluznaCastka, [this] { txtDluznaCastka_Change(); });
@@ -109,12 +112,16 @@ void frmJednotlivy::txtDluznaCastka_Change() {
   VypocitejJednotlivy();
 }
 
-void frmJednotlivy::VypocitejJednotlivy() {
-  Guarded("VypocitejJednotlivy", [this] {
+bool frmJednotlivy::VypocitejJednotlivy() {
+  bool refused = true;
+  Guarded("VypocitejJednotlivy", [this, &refused] {
     CalculationState& state = program_.state;
     if (!TakeDelay()) return;
     lblPocetDnu.SetCaption(std::to_string(state.DaysLate));
-    if (!TakeAmountAndRate(txtDluznaCastka, txtVyseSazby)) return;
+    if (!TakeAmountAndRate(txtDluznaCastka, txtVyseSazby)) {
+      refused = false;
+      return;
+    }
 
     CancelRepo();
     const RateKind kind = Kind();
@@ -129,6 +136,7 @@ void frmJednotlivy::VypocitejJednotlivy() {
       // Until tmrRepo runs, on the next turn of the loop, the labels show the previous interest.
       pending_ = std::move(inputs);
       ShowInterest(state.InterestAmount, state.BaseAmount);
+      refused = false;
       return;
     }
     // A new rate in the box computes once within.
@@ -137,12 +145,14 @@ void frmJednotlivy::VypocitejJednotlivy() {
     ShowInterest(Interest(kind, state.BaseAmount.ToDouble(), inputs.rate, inputs.days),
                  inputs.base_amount);
     Finish(std::move(inputs));
+    refused = false;
   });
+  return !refused;
 }
 
 void frmJednotlivy::tmrRepo_Timer() {
-  CalculationState& state = program_.state;
-  state.CalculationFinished = true;
+  // Should this one overflow, all that is shown belongs to the calculation before.
+  ShowRecord();
   SingleResult result = std::move(pending_);
   result.periods = bank_rates_.repo().periods();
   // The total is rounded after every period and once more at the end. With periods of 132,7397,
@@ -170,6 +180,16 @@ void frmJednotlivy::Finish(SingleResult result) {
   result.amount_with_interest = program_.state.AmountWithInterest;
   ShowReport(SingleReport(result, program_.platform.locale));
   result_ = std::move(result);
+  TellOfRecord();
+}
+
+void frmJednotlivy::ShowRecord() {
+  const ui::LocaleFormat& locale = program_.platform.locale;
+  // A record that "Nový výpočet" has emptied has no days, and no interest in the window.
+  const bool shown = result_ && result_->days > 0;
+  lblPenale.SetCaption(shown ? CurrencyText(result_->interest, locale) : "");
+  lblPenaleDluh.SetCaption(shown ? CurrencyText(result_->amount_with_interest, locale) : "");
+  program_.state.CalculationFinished = result_.has_value();
 }
 
 void frmJednotlivy::ShowReport(std::string text) {
@@ -187,6 +207,15 @@ void frmJednotlivy::cmdNovy_Click() {
   lblPenale.SetCaption("");
   lblPenaleDluh.SetCaption("");
   dtpZaplaceni.SetDay(Today());
+  if (program_.state.CalculationFinished) {
+    // It still counts as finished, but the case before must not be printed or invoiced any more.
+    result_ = SingleResult{};
+    result_->due_date = dtpSplatnost.day();
+    result_->payment_date = dtpZaplaceni.day();
+    result_->kind = Kind();
+    TellOfRecord();
+  }
+  FocusFirst();
 }
 
 void frmJednotlivy::Print() {

@@ -19,8 +19,9 @@ class frmJednotlivy final : public CalculationForm {
     return result_ ? std::optional<FinishedCalculation>(&*result_) : std::nullopt;
   }
 
-  /// Computes from the inputs as they stand, as far as they allow.
-  void VypocitejJednotlivy();
+  /// Computes from the inputs as they stand, as far as they allow. Returns false where that has
+  /// come to nothing and the user has been told why; an input that is still missing is no reason.
+  bool VypocitejJednotlivy();
 
   ui::Frame fraDatJed{*this, "fraDatJed"};
   ui::Frame fraDluJed{*this, "fraDluJed"};
@@ -51,6 +52,8 @@ class frmJednotlivy final : public CalculationForm {
   void ShowInterest(double interest, Money base_amount);
   /// Completes the record of a calculation whose interest is shown, and reports it.
   void Finish(SingleResult result);
+  /// Shows the interest of the record again, in place of figures that are not yet final.
+  void ShowRecord();
   void ShowReport(std::string text);
 
   std::optional<SingleResult> result_;

@@ -16,6 +16,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::Field;
 using ::testing::HasSubstr;
 
 constexpr int kDiscount = 4;
@@ -705,6 +706,59 @@ TEST_F(frmJednotlivyTest, RepoResultIsSupersededAlsoWhenItsRowsAreReady) {
   EXPECT_FALSE(state().CalculationFinished);
 }
 
+// 10 000 Kč at 9,5 % for 50 days: 130,1369… Kč; 20 000 and 30 000 Kč two and three times as much.
+TEST_F(frmJednotlivyTest, CommandCarriesThePendingRepoResultThroughFirst) {
+  Open();
+  Enter(Day(2005, 5, 1), Day(2005, 6, 20), "10000", kRepo, "");
+  EXPECT_EQ(form_->lblPenale.caption(), "130,14 Kč");
+  form_->txtDluznaCastka.UserEdit("20000");
+  form_->cmdTiskVyp.UserClick();
+  EXPECT_EQ(form_->lblPenale.caption(), "260,27 Kč");
+  ASSERT_EQ(memory_.printer.printed.size(), 1U);
+  EXPECT_THAT(memory_.printer.printed[0].document.lines,
+              Contains(Field(&ui::PrintedLine::text, HasSubstr("20 260,27 Kč"))));
+  const std::string report = form_->txtReport.text();
+  EXPECT_THAT(report, HasSubstr("\tÚrok z prodlení celkem\t260,27 Kč\r\n"));
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_EQ(form_->txtReport.text(), report) << "it does not come a second time";
+
+  form_->txtDluznaCastka.UserEdit("30000");
+  form_->cmdTiskFa.UserClick();
+  EXPECT_EQ(form_->lblPenale.caption(), "390,41 Kč");
+}
+
+TEST_F(frmJednotlivyTest, FirstRepoResultIsPrintedTheMomentItIsAskedFor) {
+  Open();
+  form_->dtpSplatnost.UserPick(Day(2005, 5, 1));
+  form_->dtpZaplaceni.UserPick(Day(2005, 6, 20));
+  form_->txtDluznaCastka.UserEdit("10000");
+  form_->cboDruhSazby.UserPick(kRepo);
+  form_->cmdTiskVyp.UserClick();
+  EXPECT_THAT(Shown(), ElementsAre());
+  EXPECT_EQ(memory_.printer.printed.size(), 1U);
+  EXPECT_EQ(form_->lblPenale.caption(), "130,14 Kč");
+}
+
+TEST_F(frmJednotlivyTest, DateWithWhichNothingCanBeComputedIsRefused) {
+  Open();
+  Enter(Day(2026, 7, 15), Day(2026, 9, 20), "10000", kRepo, "");
+  form_->dtpZaplaceni.UserPick(Day(2026, 7, 1));
+  EXPECT_THAT(Shown(), ElementsAre(kReversedDates));
+  EXPECT_TRUE(form_->dtpZaplaceni.refused());
+  form_->dtpZaplaceni.UserPick(Day(2027, 2, 1));
+  EXPECT_THAT(Shown(), ElementsAre(kDueTooHigh));
+  EXPECT_TRUE(form_->dtpZaplaceni.refused());
+  form_->dtpZaplaceni.UserPick(Day(2026, 9, 21));
+  EXPECT_FALSE(form_->dtpZaplaceni.refused());
+  form_->dtpSplatnost.UserPick(Day(2026, 10, 1));
+  EXPECT_TRUE(form_->dtpSplatnost.refused());
+  form_->dtpSplatnost.UserPick(Day(2026, 7, 15));
+  EXPECT_FALSE(form_->dtpSplatnost.refused());
+  form_->txtDluznaCastka.UserEdit("");
+  form_->dtpZaplaceni.UserPick(Day(2026, 9, 22));
+  EXPECT_FALSE(form_->dtpZaplaceni.refused()) << "what is still missing is no reason";
+}
+
 TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {
   Open();
   Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
@@ -839,6 +893,44 @@ TEST_F(frmJednotlivyTest, SumBeyondTheLimitOverflows) {
   EXPECT_EQ(form_->lblPenale.caption(), "2 000,00 Kč") << "and goes on";
 }
 
+// 920 000 000 000 000 Kč at 9 % for 66 days bear more than fits beside them.
+TEST_F(frmJednotlivyTest, RepoResultThatOverflowsLeavesTheCalculationBefore) {
+  Open();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
+  const std::string report = form_->txtReport.text();
+  form_->txtDluznaCastka.UserEdit("920000000000000");
+  EXPECT_EQ(form_->lblPenaleDluh.caption(), "920 000 000 000 162,74 Kč") << "for a moment";
+  memory_.event_loop.RunUntilIdle();
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 6 (Přetečení) v proceduře\r\n"
+                                   "(tmrRepo_Timer) of (frmJednotlivy.frm)."));
+  EXPECT_EQ(form_->lblPenale.caption(), "162,74 Kč");
+  EXPECT_EQ(form_->lblPenaleDluh.caption(), "10 162,74 Kč");
+  EXPECT_EQ(form_->txtReport.text(), report);
+  EXPECT_TRUE(state().CalculationFinished);
+  EXPECT_EQ(SingleReport(*std::get<const SingleResult*>(form_->finished().value()), memory_.locale),
+            report);
+}
+
+TEST_F(frmJednotlivyTest, FirstRepoResultThatOverflowsLeavesNone) {
+  Open();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "920000000000000", kRepo, "");
+  EXPECT_EQ(form_->lblPenale.caption(), "");
+  EXPECT_EQ(form_->lblPenaleDluh.caption(), "");
+  EXPECT_EQ(form_->txtReport.text(), "");
+  EXPECT_FALSE(state().CalculationFinished);
+  EXPECT_EQ(form_->finished(), std::nullopt);
+}
+
+TEST_F(frmJednotlivyTest, RepoResultThatOverflowsAfterANewCalculationLeavesTheEmptyWindow) {
+  Open();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
+  form_->cmdNovy.UserClick();
+  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "920000000000000", kRepo, "");
+  EXPECT_EQ(form_->lblPenale.caption(), "");
+  EXPECT_EQ(form_->lblPenaleDluh.caption(), "");
+  EXPECT_TRUE(state().CalculationFinished);
+}
+
 TEST_F(frmJednotlivyTest, RateBeyondSinglePrecisionOverflows) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
@@ -889,6 +981,43 @@ TEST_F(frmJednotlivyTest, NewCalculationDropsAPendingRepoResult) {
   memory_.event_loop.RunUntilIdle();
   EXPECT_EQ(form_->lblPenale.caption(), "");
   EXPECT_EQ(form_->txtReport.text(), "");
+}
+
+TEST_F(frmJednotlivyTest, NewCalculationLeavesNothingOfTheCaseBeforeToPrint) {
+  for (const int kind : {1, kRepo}) {
+    SCOPED_TRACE(kind);
+    Open();
+    Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kind, "10");
+    ASSERT_TRUE(state().CalculationFinished);
+    form_->cmdNovy.UserClick();
+    const SingleResult& record = *std::get<const SingleResult*>(form_->finished().value());
+    EXPECT_EQ(record.due_date, Day(2006, 3, 15));
+    EXPECT_EQ(record.payment_date, Day(2026, 11, 21)) << "the dates that the window shows";
+    EXPECT_EQ(static_cast<int>(record.kind), kind);
+    EXPECT_EQ(record.days, 0);
+    EXPECT_EQ(record.rate, 0.0F);
+    EXPECT_THAT(record.periods, ElementsAre());
+    EXPECT_EQ(record.base_amount, Money());
+    EXPECT_EQ(record.interest, 0);
+    EXPECT_EQ(record.amount_with_interest, Money());
+    form_->cmdTiskVyp.UserClick();
+    EXPECT_THAT(Shown(), ElementsAre());
+  }
+  EXPECT_EQ(memory_.printer.printed.size(), 2U);
+}
+
+TEST_F(frmJednotlivyTest, NewCalculationBeforeAnyResultLeavesNoRecord) {
+  Open();
+  form_->cmdNovy.UserClick();
+  EXPECT_EQ(form_->finished(), std::nullopt);
+  EXPECT_FALSE(state().CalculationFinished);
+}
+
+TEST_F(frmJednotlivyTest, NewCalculationBeginsInTheFirstInput) {
+  Open();
+  form_->txtVyseSazby.SetFocus();
+  form_->cmdNovy.UserClick();
+  EXPECT_EQ(form_->focused(), &form_->dtpSplatnost);
 }
 
 TEST_F(frmJednotlivyTest, NewCalculationTellsADueDateInTheFuture) {

@@ -43,9 +43,9 @@ void SetBackground(QWidget& widget, ui::Background background) {
   widget.setPalette(palette);
 }
 
-/// A date that is typed but not committed counts when a command is given, also by a toolbar button
-/// or a menu, which leave the keyboard in the field. False: it is none, and the command has to
-/// wait.
+/// A date that is typed but not committed counts when a command is given that uses it, also by a
+/// toolbar button or a menu, which leave the keyboard in the field. False: it is none, or one with
+/// which nothing can be computed, and the command has to wait.
 bool CommitTypedDate() {
   const QWidget* window = QApplication::activeWindow();
   if (window == nullptr) return true;
@@ -54,6 +54,9 @@ bool CommitTypedDate() {
   }
   return true;
 }
+
+bool MayGo(const ui::Command& command) { return !command.uses_inputs() || CommitTypedDate(); }
+bool MayGo(const ui::OptionButton& /*option*/) { return true; }
 
 /// The line in which the control is typed; null where it has none.
 QLineEdit* LineOf(QWidget* widget) {
@@ -142,6 +145,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
       return lines_.contains(watched) &&
              Key(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonRelease:
+      if (qobject_cast<QAbstractButton*>(watched) != nullptr) {
+        // When the button has clicked.
+        QMetaObject::invokeMethod(this, &Binder::GoOnTyping, Qt::QueuedConnection);
+      }
+      return false;
     case QEvent::Wheel:
       // Who scrolls past a closed list does not mean to choose another item.
       if (auto* list = qobject_cast<QComboBox*>(watched); list != nullptr && !list->hasFocus()) {
@@ -236,9 +245,20 @@ void Binder::BindButton(C& control, QAbstractButton& button,
     show(aspect);
   });
   connect(&button, &QAbstractButton::clicked, this, [this, &control] {
-    if (!listening_ || !CommitTypedDate()) return;
-    control.UserClick();
+    if (listening_ && MayGo(control)) control.UserClick();
   });
+}
+
+/// A press of the mouse that came to no command, or to one that leaves the typing alone, has taken
+/// the keyboard out of a date all the same.
+void Binder::GoOnTyping() {
+  if (!listening_) return;
+  for (DateField* field : root_.findChildren<DateField*>()) {
+    if (field->hasFocus() || !field->IsUncommitted()) continue;
+    const QScopedValueRollback leading(user_leads_, true);
+    controls_.value(field)->SetFocus();
+    field->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void Binder::Visit(ui::Button& control) {
@@ -264,7 +284,9 @@ void Binder::Visit(ui::DatePicker& control) {
           [this, &control, field = QPointer(&field)](std::chrono::sys_days day) {
             if (!listening_) return;
             control.UserPick(day);
-            if (field != nullptr) field->SetDay(control.day());
+            if (field == nullptr) return;
+            field->SetDay(control.day());
+            if (control.refused()) field->Refuse();
           });
   connect(&field, &DateField::Mistyped, this, [this, &control, &field] {
     // Nobody can correct it in a field that has been closed meanwhile.
@@ -353,8 +375,7 @@ void Binder::Visit(ui::MenuItem& control) {
   } else {
     action = &Widget<QAction>(control);
     connect(action, &QAction::triggered, this, [this, &control] {
-      if (!listening_ || !CommitTypedDate()) return;
-      control.UserClick();
+      if (listening_ && MayGo(control)) control.UserClick();
     });
   }
   Mirror(control, [&control, action](Aspect aspect) {

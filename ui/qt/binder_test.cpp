@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/day.h"
@@ -58,6 +59,7 @@ struct Model : ui::Window {
   ui::DatePicker dtpDen{*this, "dtpDen", Day(2005, 4, 28)};
   ui::TextBox txtReport{*this, "txtReport"};
   ui::Button cmdKonec{*this, "cmdKonec"};
+  ui::Button cmdTisk{*this, "cmdTisk"};
   ui::Label lblPenale{*this, "lblPenale"};
   ui::MenuItem mnuKonec{*this, "mnuKonec"};
   std::array<ui::OptionButton, 2> optFramy =
@@ -68,6 +70,7 @@ struct Model : ui::Window {
   ui::Frame fraStrana{*this, "fraStrana"};
   ui::TextBox txtStrana{*this, "txtStrana"};
   ui::TimerControl tmrRepo{*this, "tmrRepo", ui::Timer::Kind::kOneShot, {}};
+  ui::MenuItem mnuTisk{*this, "mnuTisk"};
 };
 
 /// Its widgets, in another order than the controls.
@@ -98,8 +101,8 @@ struct Form {
     for (const char* name : {"optZaok_0", "optZaok_1", "optZaok_2"}) {
       layout.addWidget(Named(new QRadioButton(), name));
     }
-    auto* item = new QAction(&root);
-    item->setObjectName("mnuKonec");
+    layout.addWidget(Named(new QPushButton(), "cmdTisk"));
+    for (const char* name : {"mnuKonec", "mnuTisk"}) (new QAction(&root))->setObjectName(name);
   }
 
   static QWidget* Named(QWidget* widget, const char* name) {
@@ -559,29 +562,107 @@ TEST_F(BinderTest, PickedDayReachesTheModel) {
   EXPECT_EQ(model_.dtpDen.day(), Day(1999, 12, 31));
 }
 
-TEST_F(BinderTest, NoCommandIsGivenUponAMistypedDate) {
-  std::vector<std::string> events;
-  model_.dtpDen.Mistyped.Connect([&] { events.emplace_back("mistyped"); });
-  for (auto* click : {&model_.cmdKonec.Click, &model_.mnuKonec.Click}) {
-    click->Connect([&] { events.emplace_back("click"); });
+/// What comes of a date that is being typed when the user turns to something else.
+class TypedDateTest : public BinderTest {
+ protected:
+  TypedDateTest() {
+    model_.cmdTisk.SetUsesInputs();
+    model_.mnuTisk.SetUsesInputs();
+    for (ui::Command* command : std::initializer_list<ui::Command*>{
+             &model_.cmdTisk, &model_.mnuTisk, &model_.cmdKonec, &model_.mnuKonec}) {
+      command->Click.Connect([this, command] { events_.push_back(command->name()); });
+    }
+    model_.dtpDen.Mistyped.Connect([this] { events_.emplace_back("mistyped"); });
+    model_.dtpDen.Change.Connect([this] {
+      events_.emplace_back("change");
+      if (model_.dtpDen.day() < Day(2000, 1, 1)) model_.dtpDen.Refuse();
+    });
   }
-  const auto type = [this](const char* text) {
+
+  void Type(const char* text) {
     date_.setFocus();
     date_.selectAll();
     QTest::keyClicks(&date_, text);
-  };
-  type("31.2.2004");
-  form_.root.findChild<QAction*>("mnuKonec")->trigger();
-  EXPECT_THAT(events, ElementsAre("mistyped"));
+  }
+  /// What has happened since the last call.
+  std::vector<std::string> Events() {
+    QCoreApplication::processEvents();
+    return std::exchange(events_, {});
+  }
+
+  QPushButton& print_ = form_.Get<QPushButton>("cmdTisk");
+  std::vector<std::string> events_;
+};
+
+TEST_F(TypedDateTest, NoCommandThatUsesItIsGivenUponAMistypedOne) {
+  Type("31.2.2004");
+  form_.root.findChild<QAction*>("mnuTisk")->trigger();
+  EXPECT_THAT(Events(), ElementsAre("mistyped"));
   EXPECT_EQ(date_.text(), "31.2.2004");
+  print_.click();  // by its access key
+  EXPECT_THAT(Events(), ElementsAre("mistyped"));
   // The mouse takes the keyboard along to the button.
-  QTest::mouseClick(&button_, Qt::LeftButton);
-  QCoreApplication::processEvents();
-  EXPECT_THAT(events, ElementsAre("mistyped", "mistyped"));
-  type("1.3.2004");
-  QTest::mouseClick(&button_, Qt::LeftButton);
-  EXPECT_THAT(events, ElementsAre("mistyped", "mistyped", "click"));
+  QTest::mouseClick(&print_, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("mistyped"));
+  Type("1.3.2004");
+  QTest::mouseClick(&print_, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("change", "cmdTisk"));
   EXPECT_EQ(model_.dtpDen.day(), Day(2004, 3, 1));
+}
+
+TEST_F(TypedDateTest, NoCommandThatUsesItIsGivenUponARefusedOne) {
+  Type("31.12.1999");
+  form_.root.findChild<QAction*>("mnuTisk")->trigger();
+  EXPECT_THAT(Events(), ElementsAre("change"));
+  Type("30.12.1999");
+  QTest::mouseClick(&print_, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("change"));
+  EXPECT_EQ(date_.text(), "30.12.1999");
+  Type("1.1.2000");
+  form_.root.findChild<QAction*>("mnuTisk")->trigger();
+  EXPECT_THAT(Events(), ElementsAre("change", "mnuTisk"));
+}
+
+TEST_F(TypedDateTest, PressOfTheMouseCommitsWhenTheButtonIsReleased) {
+  Type("1.3.2004");
+  QTest::mousePress(&print_, Qt::LeftButton);
+  EXPECT_THAT(Events(), IsEmpty()) << "a message would leave the button down";
+  EXPECT_TRUE(print_.isDown());
+  QTest::mouseRelease(&print_, Qt::LeftButton);
+  EXPECT_FALSE(print_.isDown());
+  EXPECT_THAT(Events(), ElementsAre("change", "cmdTisk"));
+}
+
+TEST_F(TypedDateTest, PressThatIsThoughtBetterOfLeavesTheTyping) {
+  Type("1.3.2");
+  QTest::mousePress(&print_, Qt::LeftButton);
+  QTest::mouseRelease(&print_, Qt::LeftButton, {}, QPoint(-20, -20));
+  EXPECT_THAT(Events(), IsEmpty());
+  EXPECT_TRUE(date_.hasFocus());
+  EXPECT_EQ(model_.focused(), &model_.dtpDen);
+  QTest::keyClicks(&date_, "004");
+  EXPECT_EQ(date_.text(), "1.3.2004") << "nothing is marked, so typing goes on";
+}
+
+TEST_F(TypedDateTest, OtherCommandsNeverAskForADate) {
+  Type("31.2.2004");
+  form_.root.findChild<QAction*>("mnuKonec")->trigger();
+  EXPECT_THAT(Events(), ElementsAre("mnuKonec"));
+  QTest::mouseClick(&button_, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("cmdKonec"));
+  EXPECT_TRUE(date_.hasFocus()) << "typing goes on";
+  EXPECT_EQ(date_.text(), "31.2.2004");
+}
+
+TEST_F(TypedDateTest, DateThatIsLeftForAnotherWindowStillCounts) {
+  Type("1.3.2004");
+  QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+  QCoreApplication::sendEvent(&date_, &left);
+  EXPECT_THAT(Events(), IsEmpty()) << "the user may come back and type on";
+  edit_.setFocus(Qt::ActiveWindowFocusReason);
+  EXPECT_THAT(Events(), IsEmpty());
+  form_.root.findChild<QAction*>("mnuTisk")->trigger();
+  EXPECT_THAT(Events(), ElementsAre("change", "mnuTisk"));
 }
 
 TEST_F(BinderTest, MistypedDateOfADisabledFieldTurnsBack) {
@@ -591,16 +672,6 @@ TEST_F(BinderTest, MistypedDateOfADisabledFieldTurnsBack) {
   model_.dtpDen.SetEnabled(false);
   QCoreApplication::processEvents();
   EXPECT_EQ(date_.text(), "28.4.2005");
-}
-
-TEST_F(BinderTest, TypedDateCountsWhenACommandIsGiven) {
-  std::vector<std::chrono::sys_days> days;
-  model_.mnuKonec.Click.Connect([&] { days.push_back(model_.dtpDen.day()); });
-  date_.setFocus();
-  date_.selectAll();
-  QTest::keyClicks(&date_, "1.2.2010");
-  form_.root.findChild<QAction*>("mnuKonec")->trigger();
-  EXPECT_THAT(days, ElementsAre(Day(2010, 2, 1)));
 }
 
 TEST_F(BinderTest, ButtonsClick) {
@@ -617,10 +688,10 @@ TEST_F(BinderTest, ButtonsClick) {
 }
 
 TEST_F(BinderTest, TabGoesInTheModelsReadingOrderAndRaisesTheHint) {
-  for (int i = 0; i < 11; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_THAT(focused_,
-              ElementsAre("txtSazba", "cboDruh", "dtpDen", "txtReport", "cmdKonec", "optFramy(0)",
-                          "optZaok(0)", "cboText", "txtStrana", "lstRadky", "txtFaktura(3)"));
+  for (int i = 0; i < 12; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_THAT(focused_, ElementsAre("txtSazba", "cboDruh", "dtpDen", "txtReport", "cmdKonec",
+                                    "cmdTisk", "optFramy(0)", "optZaok(0)", "cboText", "txtStrana",
+                                    "lstRadky", "txtFaktura(3)"));
 }
 
 TEST_F(BinderTest, FocusByTheProgramOrByAWindowComingUpIsNoActOfTheUser) {

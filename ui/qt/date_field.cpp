@@ -1,6 +1,8 @@
 #include "ui/qt/date_field.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QFrame>
 #include <QKeyEvent>
@@ -60,14 +62,15 @@ std::optional<std::chrono::sys_days> DateField::TypedDay() const {
 }
 
 bool DateField::Commit() {
-  left_mistyped_ = false;
+  left_uncommitted_ = false;
   const std::optional<Date> typed = TypedDay();
   if (!typed) {
     emit Mistyped();
     return false;
   }
+  refused_ = false;
   Pick(*typed);
-  return true;
+  return !refused_;
 }
 
 void DateField::Pick(std::chrono::sys_days day) {
@@ -119,13 +122,21 @@ void DateField::changeEvent(QEvent* event) {
   }
 }
 
+void DateField::focusInEvent(QFocusEvent* event) {
+  left_uncommitted_ = false;
+  QLineEdit::focusInEvent(event);
+}
+
 void DateField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  // A popup, the menu bar or another program has the keyboard for a while: typing goes on
-  // afterwards.
+  left_uncommitted_ = true;
   const Qt::FocusReason reason = event->reason();
+  // A popup, the menu bar or another window has the keyboard for a while: typing goes on
+  // afterwards. A button that goes down does not yet say what the user wants.
   if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
-      reason == Qt::ActiveWindowFocusReason) {
+      reason == Qt::ActiveWindowFocusReason ||
+      (reason == Qt::MouseFocusReason &&
+       qobject_cast<QAbstractButton*>(QApplication::focusWidget()) != nullptr)) {
     return;
   }
   if (TypedDay()) {
@@ -134,16 +145,16 @@ void DateField::focusOutEvent(QFocusEvent* event) {
   }
   // Only when the keyboard has arrived: the message about it brings the keyboard back. From a
   // window's frame, by which the mouse moves or closes it, the keyboard is back by itself.
-  left_mistyped_ = true;
   QMetaObject::invokeMethod(
-      this, [this] { return !left_mistyped_ || hasFocus() || Commit(); }, Qt::QueuedConnection);
+      this, [this] { return !left_uncommitted_ || Commit(); }, Qt::QueuedConnection);
 }
 
 void DateField::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (Commit()) selectAll();
+      if (TypedDay()) selectAll();
+      Commit();
       return;
     case Qt::Key_Escape:
       ShowDay();

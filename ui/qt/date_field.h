@@ -11,10 +11,12 @@ namespace velta::qt {
 
 /// A date typed as text or picked from a calendar.
 ///
-/// Typing goes on undisturbed until it is committed: by Enter, by leaving the field, or by choosing
-/// a day in the calendar (the arrow, F4 or Alt+Down; Enter takes the day there, Esc leaves the date
-/// as it was). A text that is no date is never taken for the last one: it stands, and Mistyped says
-/// so. Esc turns any text back to the last date. Neither the wheel nor the arrow keys change it.
+/// Typing goes on undisturbed until it is committed: by Enter, by leaving the field, by a command,
+/// or by choosing a day in the calendar (the arrow, F4 or Alt+Down; Enter takes the day there, Esc
+/// leaves the date as it was). A button that is pressed with the mouse takes the keyboard and
+/// commits nothing: a message about the date would come between its going down and up. A text that
+/// is no date is never taken for the last one: it stands, and Mistyped says so. Esc turns any text
+/// back to the last date. Neither the wheel nor the arrow keys change it.
 class DateField final : public QLineEdit {
   Q_OBJECT
 
@@ -27,10 +29,13 @@ class DateField final : public QLineEdit {
   std::chrono::sys_days day() const { return day_; }
   void SetDay(std::chrono::sys_days day);
 
-  /// Takes over what was typed. Where that is no date: says so and returns false.
+  /// Takes over what was typed. Returns false where that is no date, which it says, or a day that
+  /// was refused.
   bool Commit();
-  /// The keyboard is in the field, or has just left a text that is no date.
-  bool IsUncommitted() const { return hasFocus() || left_mistyped_; }
+  /// For receivers of DayPicked: nothing could be done with that day.
+  void Refuse() { refused_ = true; }
+  /// The keyboard is in the field, or has left it without a commit.
+  bool IsUncommitted() const { return hasFocus() || left_uncommitted_; }
   void OpenCalendar();
 
  signals:
@@ -41,6 +46,7 @@ class DateField final : public QLineEdit {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -54,7 +60,8 @@ class DateField final : public QLineEdit {
   std::chrono::sys_days day_{};
   QAction* arrow_;
   QPointer<QWidget> popup_;
-  bool left_mistyped_ = false;
+  bool left_uncommitted_ = false;
+  bool refused_ = false;  // the day that was committed last
 };
 
 }  // namespace velta::qt
