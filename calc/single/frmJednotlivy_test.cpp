@@ -281,6 +281,13 @@ TEST_F(frmJednotlivyTest, MistypedDateBringsBackTheWindowThatTheUserLeft) {
   EXPECT_EQ(windows().active(), form_) << "from another window its calculation would be printed";
 }
 
+TEST_F(frmJednotlivyTest, MistypedDateDoesNotBringBackAWindowThatIsGone) {
+  Open();
+  memory_.message_box.on_show = [this](const auto&) { windows().Unload("frmJednotlivy"); };
+  form_->dtpSplatnost.UserMistype();
+  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
+}
+
 TEST_F(frmJednotlivyTest, DatesThatAreNotInOrderAreRefused) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
