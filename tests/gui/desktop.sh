@@ -161,6 +161,15 @@ press() { xdotool key --delay 20 -- "$@"; }
 type_text() { xdotool type --delay 20 -- "$1"; }
 picture() { import -window root "$pictures/$1.png"; }
 
+# shows_orange WINDOW AREA PIXELS: so many pixels at least of the pictures' orange are on this part of it
+shows_orange() {
+  local pixels
+  pixels=$(import -window "$1" -crop "$2" png:- |
+    convert - +repage -fuzz 10% -fill black +opaque '#e08a1e' -fill white -opaque '#e08a1e' \
+      -format '%[fx:round(mean*w*h)]' info:)
+  ((pixels >= $3))
+}
+
 # menu ALT_LETTER LETTER: a command of the main menu by its access keys
 menu() {
   press "alt+$1"

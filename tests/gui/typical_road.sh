@@ -10,6 +10,8 @@ sleep 0.2  # until it is painted
 picture 1-start
 open_main_window
 picture 2-main-window
+# Every picture of the toolbar has some of the logo's orange, and nothing else up there has.
+wait_until "the toolbar shows its pictures" shows_orange "$(open_windows main)" 2000x70+0+0 150
 
 press alt+v
 wait_until "the menu is open" is_open popup

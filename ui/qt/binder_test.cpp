@@ -123,7 +123,7 @@ class BinderTest : public ::testing::Test {
   BinderTest() {
     form_.root.resize(400, 700);
     form_.root.show();
-    QApplication::setActiveWindow(&form_.root);
+    form_.root.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form_.root));
     for (ui::Control* control : model_.controls()) {
       control->GotFocus.Connect([this, control] { focused_.push_back(control->name()); });

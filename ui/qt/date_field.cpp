@@ -14,6 +14,7 @@
 #include "shell/common/date.h"
 #include "shell/common/error.h"
 #include "ui/controls.h"
+#include "ui/qt/pictures.h"
 #include "ui/qt/text.h"
 
 namespace velta::qt {
@@ -33,7 +34,7 @@ QPoint PopupPosition(const QWidget& field, QSize popup) {
 }  // namespace
 
 DateField::DateField(QWidget* parent) : QLineEdit(parent) {
-  arrow_ = addAction(QIcon(":/dropdown.svg"), TrailingPosition);
+  arrow_ = addAction(Picture("dropdown"), TrailingPosition);
   arrow_->setToolTip(QStringLiteral("Vybrat datum z kalendáře"));
   connect(arrow_, &QAction::triggered, this, &DateField::OpenCalendar);
   ShowDay();
@@ -118,7 +119,7 @@ void DateField::OpenCalendar() {
 void DateField::changeEvent(QEvent* event) {
   QLineEdit::changeEvent(event);
   if (event->type() == QEvent::EnabledChange) {
-    arrow_->setIcon(QIcon(isEnabled() ? ":/dropdown.svg" : ":/dropdown-disabled.svg"));
+    arrow_->setIcon(Picture(isEnabled() ? "dropdown" : "dropdown-disabled"));
   }
 }
 

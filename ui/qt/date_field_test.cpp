@@ -27,7 +27,8 @@ class DateFieldTest : public ::testing::Test {
                      [this](sys_days day) { picked_.push_back(day); });
     QObject::connect(&field_, &DateField::Mistyped, &field_, [this] { ++mistyped_; });
     window_.show();
-    QApplication::setActiveWindow(&window_);
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
     field_.setFocus();
   }
 

@@ -2,7 +2,6 @@
 
 #include <QMdiArea>
 #include <QPixmap>
-#include <QSvgRenderer>
 
 namespace velta::qt {
 
@@ -14,16 +13,12 @@ class Desktop final : public QMdiArea {
  public:
   explicit Desktop(QWidget* parent = nullptr);
 
-  /// The picture's SVG file, usually of the resources. For the form to set.
-  void setPicture(const QString& file);
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   void DrawPicture();
 
-  QSvgRenderer renderer_;
   QPixmap picture_;  // as drawn for the present size
 };
 

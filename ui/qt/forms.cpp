@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include "ui/qt/pictures.h"
 #include "ui_frmAbout.h"
 #include "ui_frmFaktura.h"
 #include "ui_frmHistory.h"
@@ -20,6 +21,7 @@ template <class Form, class Root = QWidget>
 QWidget* Make() {
   auto* root = new Root;
   Form().setupUi(root);
+  SetPictures(*root);
   return root;
 }
 

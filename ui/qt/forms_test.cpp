@@ -178,6 +178,9 @@ TEST_P(FormsTest, EveryPictureIsThere) {
     }
   }
   EXPECT_FALSE(root().window()->windowIcon().pixmap(16).isNull());
+  if (GetParam() != "frmSplash") {
+    EXPECT_FALSE(root().property("picture").toString().isEmpty()) << "it has the program's";
+  }
 }
 
 class MainFormTest : public ::testing::Test {

@@ -1,7 +1,6 @@
 #include "ui/qt/run.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QStyleFactory>
@@ -9,11 +8,12 @@
 #include <clocale>
 
 #include "ui/qt/czech_texts.h"
+#include "ui/qt/pictures.h"
 #include "ui/qt/qt_platform.h"
 
 /// The linker leaves out what of a static library nobody asks for.
 static void LoadResources() {
-  Q_INIT_RESOURCE(velta);
+  Q_INIT_RESOURCE(pictures);
   Q_INIT_RESOURCE(translations);
 }
 
@@ -24,7 +24,7 @@ void PrepareApplication() {
   // On a Czech desktop Qt has just made every std::stod expect a comma.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  QApplication::setWindowIcon(QIcon(":/logo.svg"));
+  QApplication::setWindowIcon(Picture("logo"));
   QApplication::setQuitOnLastWindowClosed(false);  // the program says when it ends
 
   // The program speaks Czech wherever it runs, and so do Qt's own calendar, menus and dialogs.

@@ -5,6 +5,7 @@
 #include <QTreeWidgetItemIterator>
 
 #include "ui/qt/help/help_contents.h"
+#include "ui/qt/pictures.h"
 #include "ui/qt/room.h"
 #include "ui_HelpWindow.h"
 
@@ -21,6 +22,7 @@ constexpr int kContentsWidth = 328;
 HelpWindow::HelpWindow(std::unique_ptr<ChmFile> file, const QString& page)
     : file_(std::move(file)), ui_(std::make_unique<Ui::HelpWindow>()) {
   ui_->setupUi(this);
+  SetPictures(*this);
   setAttribute(Qt::WA_DeleteOnClose);
   resize(size().boundedTo(RoomOnScreen(*this)));
   ui_->panes->setSizes({kContentsWidth, width() - kContentsWidth});
