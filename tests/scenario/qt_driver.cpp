@@ -318,7 +318,11 @@ bool QtDriver::Choose(ui::MenuItem& item) {
     QMenu* const menu = title->menu();
     if (menu == nullptr || !menu->actions().contains(&action)) continue;
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(title).center());
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
+    // By keys: since Qt 6.8 a menu on the screen that is none takes no clicks.
+    for (qsizetype i = 0; i < menu->actions().size() && menu->activeAction() != &action; ++i) {
+      QTest::keyClick(menu, Qt::Key_Down);
+    }
+    QTest::keyClick(menu, Qt::Key_Return);
     SettleWidgets();
     return true;
   }
