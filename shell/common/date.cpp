@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "shell/common/blanks.h"
 #include "shell/common/error.h"
@@ -76,6 +77,14 @@ std::optional<int> TakeNumber(std::string_view& text, std::size_t min_digits,
   return number;
 }
 
+/// None where the calendar has no such day.
+std::optional<Date> CalendarDate(int year_number, int month_number, int day_number) {
+  const year_month_day date(year(year_number), month(static_cast<unsigned>(month_number)),
+                            day(static_cast<unsigned>(day_number)));
+  if (!date.ok() || sys_days(date) < kFirstDate) return std::nullopt;
+  return sys_days(date);
+}
+
 std::optional<Date> ReadShortDate(std::string_view text, std::string_view pattern) {
   int day_number = 0;
   int month_number = 0;
@@ -98,10 +107,104 @@ std::optional<Date> ReadShortDate(std::string_view text, std::string_view patter
     if (!number.has_value()) return std::nullopt;
     (is_year ? year_number : token.front() == 'M' ? month_number : day_number) = *number;
   }
-  const year_month_day date(year(year_number), month(static_cast<unsigned>(month_number)),
-                            day(static_cast<unsigned>(day_number)));
-  if (!SkipBlanks(text).empty() || !date.ok() || sys_days(date) < kFirstDate) return std::nullopt;
-  return sys_days(date);
+  if (!SkipBlanks(text).empty()) return std::nullopt;
+  return CalendarDate(year_number, month_number, day_number);
+}
+
+/// The letters of the parts in the pattern's order: "dMy".
+std::string PartOrder(std::string_view pattern) {
+  std::string order;
+  while (!pattern.empty()) {
+    const char part = TakeToken(pattern).front();
+    if (IsPart(part)) order += part;
+  }
+  return order;
+}
+
+/// A typed date taken apart: its numbers, and for each the letter of the part that it is.
+struct TypedParts {
+  std::string order;
+  std::vector<std::string_view> numbers;
+};
+
+std::string_view TakeDigits(std::string_view& text) {
+  const std::size_t end = text.find_first_not_of("0123456789");
+  const std::string_view digits = text.substr(0, end);
+  text.remove_prefix(digits.size());
+  return digits;
+}
+
+/// The separator that a text begins with; the comma is the point of a Czech keypad. 0: it is none.
+char Separator(std::string_view text) {
+  const char sign = text.front() == ',' ? '.' : text.front();
+  return sign == '.' || sign == '/' || sign == '-' ? sign : '\0';
+}
+
+/// "100305" or "10032005" cut into the parts of the order; nothing where it has another length.
+std::vector<std::string_view> Cut(std::string_view digits, const std::string& order) {
+  if (digits.size() != 6 && digits.size() != 8) return {};
+  const std::size_t year_length = digits.size() - 4;
+  std::vector<std::string_view> numbers;
+  for (const char part : order) {
+    const std::size_t length = part == 'y' ? year_length : 2;
+    numbers.push_back(digits.substr(0, length));
+    digits.remove_prefix(length);
+  }
+  return numbers;
+}
+
+std::optional<TypedParts> TakeApart(std::string_view text, std::string_view pattern) {
+  TypedParts parts{PartOrder(pattern), {}};
+  char separator = '\0';
+  text = SkipBlanks(text);
+  do {
+    parts.numbers.push_back(TakeDigits(text));
+    if (parts.numbers.back().empty()) return std::nullopt;
+    text = SkipBlanks(text);
+    if (text.empty()) break;
+    const char sign = Separator(text);
+    if (sign == '\0' || (separator != '\0' && sign != separator)) return std::nullopt;
+    separator = sign;
+    text = SkipBlanks(text.substr(1));
+  } while (!text.empty() || separator != '.');  // a point may end it: "10.3."
+
+  if (separator == '\0') parts.numbers = Cut(parts.numbers.front(), parts.order);
+  if (parts.numbers.size() != 2 && parts.numbers.size() != 3) return std::nullopt;
+  if (parts.numbers.front().size() == 4) {
+    parts.order = "yMd";
+  } else if (separator == '.' && pattern.find('.') == std::string_view::npos) {
+    parts.order = "dMy";
+  }
+  if (parts.numbers.size() == 2) std::erase(parts.order, 'y');
+  return parts;
+}
+
+std::optional<int> YearOf(std::string_view digits) {
+  constexpr int kFirstOfThe1900s = 69;
+  const std::size_t length = digits.size();
+  if (length != 2 && length != 4) return std::nullopt;
+  const int number = TakeNumber(digits, length, length).value();
+  if (length == 4) return number;
+  return number + (number < kFirstOfThe1900s ? 2000 : 1900);
+}
+
+std::optional<Date> ReadTypedDate(std::string_view text, std::string_view pattern, Date today) {
+  const std::optional<TypedParts> parts = TakeApart(text, pattern);
+  if (!parts) return std::nullopt;
+  std::optional<int> year_number = static_cast<int>(year_month_day(today).year());
+  std::optional<int> month_number;
+  std::optional<int> day_number;
+  for (std::size_t i = 0; i < parts->numbers.size(); ++i) {
+    std::string_view digits = parts->numbers[i];
+    const char part = parts->order[i];
+    if (part == 'y') {
+      year_number = YearOf(digits);
+    } else {
+      (part == 'M' ? month_number : day_number) = TakeNumber(digits, 1, 2);
+    }
+  }
+  if (!year_number || !month_number || !day_number) return std::nullopt;
+  return CalendarDate(*year_number, *month_number, *day_number);
 }
 
 }  // namespace
@@ -153,6 +256,33 @@ Date ParseShortDate(std::string_view text, const ui::LocaleFormat& locale) {
   const std::optional<Date> date = ReadShortDate(text, locale.date_pattern);
   if (!date.has_value()) throw Error(ErrorNumber::kTypeMismatch);
   return *date;
+}
+
+Date ParseTypedDate(std::string_view text, const ui::LocaleFormat& locale, Date today) {
+  std::optional<Date> date = ReadShortDate(text, locale.date_pattern);
+  if (!date) date = ReadTypedDate(text, locale.date_pattern, today);
+  if (!date) throw Error(ErrorNumber::kTypeMismatch);
+  return *date;
+}
+
+DatePart DatePartAt(std::string_view text, std::size_t position, const ui::LocaleFormat& locale) {
+  const std::optional<TypedParts> parts = TakeApart(text, locale.date_pattern);
+  if (!parts) return DatePart::kDay;
+  std::size_t i = 0;
+  while (i + 1 < parts->numbers.size()) {
+    const std::string_view number = parts->numbers[i];
+    const auto end = static_cast<std::size_t>(number.data() + number.size() - text.data());
+    if (position <= end) break;
+    ++i;
+  }
+  switch (parts->order[i]) {
+    case 'y':
+      return DatePart::kYear;
+    case 'M':
+      return DatePart::kMonth;
+    default:
+      return DatePart::kDay;
+  }
 }
 
 std::string ShortTimeText(std::chrono::minutes since_midnight) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,23 @@ std::string ShortDateText(Date date, const ui::LocaleFormat& locale);
 /// around the parts ("01. 2. 2005"); a year of one or two digits, a day that the calendar does not
 /// have and anything else that is no date throw Error 13. Reads back whatever ShortDateText wrote.
 Date ParseShortDate(std::string_view text, const ui::LocaleFormat& locale);
+
+/// Reads a date as people type it into a field. Besides the user's short form these are dates:
+///  - a year of two digits: 00 to 68 are 2000 to 2068, 69 to 99 are 1969 to 1999;
+///  - no year, which is that of `today`: "10.3." and "10.3";
+///  - no separators, six or eight digits in the order of the short form: "100305", "10032005";
+///  - other separators, the same throughout: "." or "," (as a keypad types it), "/" and "-".
+/// A year of four digits may always come first ("2005-03-10"). Otherwise the order is that of the
+/// short form, except that points stand in day, month, year where the short form has none: in the
+/// form M/d/yyyy "3/10/2005" and "10.3.2005" are the same day. What is no date, or may be more than
+/// one, throws Error 13.
+Date ParseTypedDate(std::string_view text, const ui::LocaleFormat& locale, Date today);
+
+enum class DatePart { kDay, kMonth, kYear };
+
+/// Which part of a typed date a cursor changes that has `position` bytes to its left. Between two
+/// parts it is the one before. The day where the text is no date.
+DatePart DatePartAt(std::string_view text, std::size_t position, const ui::LocaleFormat& locale);
 
 /// The time of day: "9:05".
 std::string ShortTimeText(std::chrono::minutes since_midnight);

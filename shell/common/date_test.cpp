@@ -302,6 +302,150 @@ TEST(DateTest, BlanksThatSeparateThePartsCannotBeLeftOut) {
   EXPECT_EQ(Thrown([&] { ParseShortDate("112 2005", locale); }), ErrorNumber::kTypeMismatch);
 }
 
+struct TypedRow {
+  const char* name;
+  const char* text;
+  const char* date;
+};
+
+const Date kToday = DateFromParts(2026, 11, 21);
+
+constexpr TypedRow kTypedInCzech[] = {
+    {"the short form", "10.3.2005", "10.3.2005"},
+    {"zeros", "01.02.2005", "1.2.2005"},
+    {"blanks", " 1. 2. 2005 ", "1.2.2005"},
+    {"unbreakable blanks", "1.\u00A02.\u202F2005\u00A0", "1.2.2005"},
+    {"two-digit year", "10.3.05", "10.3.2005"},
+    {"two-digit year with blanks", "10. 3. 05", "10.3.2005"},
+    {"the last of the 2000s", "1.1.68", "1.1.2068"},
+    {"the first of the 1900s", "31.12.69", "31.12.1969"},
+    {"year 00", "1.1.00", "1.1.2000"},
+    {"year 94", "15.7.94", "15.7.1994"},
+    {"year 99", "31.12.99", "31.12.1999"},
+    {"this year", "10.3.", "10.3.2026"},
+    {"this year without the last point", "10.3", "10.3.2026"},
+    {"this year with zeros and blanks", "01. 03. ", "1.3.2026"},
+    {"six digits", "100305", "10.3.2005"},
+    {"six digits of the 1900s", "150794", "15.7.1994"},
+    {"eight digits", "10032005", "10.3.2005"},
+    {"year first", "2005-03-10", "10.3.2005"},
+    {"year first without zeros", "2005-3-1", "1.3.2005"},
+    {"year first with slashes", "2005/03/10", "10.3.2005"},
+    {"year first with points", "2005.3.10", "10.3.2005"},
+    {"slashes", "10/3/2005", "10.3.2005"},
+    {"slashes, no year", "10/3", "10.3.2026"},
+    {"minuses", "10-3-05", "10.3.2005"},
+    {"a keypad's commas", "10,3,2005", "10.3.2005"},
+    {"a keypad's commas, no year", "10,3,", "10.3.2026"},
+    {"point at the end", "10.3.2005.", "10.3.2005"},
+    {"leap day", "29.2.04", "29.2.2004"},
+};
+
+constexpr TypedRow kTypedInEnglish[] = {
+    {"the short form", "3/10/2005", "10.3.2005"},
+    {"two-digit year", "3/10/05", "10.3.2005"},
+    {"this year", "3/10", "10.3.2026"},
+    {"six digits in the form's order", "031005", "10.3.2005"},
+    {"minuses in the form's order", "3-10-2005", "10.3.2005"},
+    {"points: the day first", "10.3.2005", "10.3.2005"},
+    {"points, no year", "10.3.", "10.3.2026"},
+    {"year first", "2005-03-10", "10.3.2005"},
+};
+
+constexpr TypedRow kTypedInHungarian[] = {
+    {"the short form", "2005. 03. 10.", "10.3.2005"},
+    {"points in the form's order", "05.3.10", "10.3.2005"},
+    {"no year", "3.10.", "10.3.2026"},
+    {"eight digits", "20050310", "10.3.2005"},
+};
+
+void ExpectTyped(const TypedRow& row, const ui::LocaleFormat& locale) {
+  SCOPED_TRACE(row.name);
+  Date date{};
+  EXPECT_NO_THROW(date = ParseTypedDate(row.text, locale, kToday));
+  EXPECT_EQ(date, On(row.date));
+}
+
+TEST(DateTest, TypedDatesInTheWaysThatPeopleWriteThem) {
+  for (const TypedRow& row : kTypedInCzech) ExpectTyped(row, kCzech);
+  for (const TypedRow& row : kTypedInEnglish) ExpectTyped(row, kEnglish);
+  for (const TypedRow& row : kTypedInHungarian) ExpectTyped(row, WithPattern("yyyy. MM. dd."));
+}
+
+TEST(DateTest, WhatTheProgramShowsIsAlwaysReadBack) {
+  const Date date = DateFromParts(2005, 4, 8);
+  for (const TextRow& row : kTexts) {
+    EXPECT_EQ(ParseTypedDate(row.text, WithPattern(row.pattern), kToday), date) << row.text;
+  }
+}
+
+constexpr ParseRow kNoTypedDates[] = {
+    {"empty", ""},
+    {"blank", " "},
+    {"words", "zítra"},
+    {"a day alone", "10"},
+    {"a day and its point", "10."},
+    {"four digits", "1003"},
+    {"five digits", "10305"},
+    {"seven digits", "1032005"},
+    {"one-digit year", "10.3.5"},
+    {"three-digit year", "10/3/205"},
+    {"five-digit year", "10.3.20055"},
+    {"31 February", "31.2.2005"},
+    {"31 February of this year", "31.2."},
+    {"29 February of this year", "29.2."},
+    {"month 13", "1.13.05"},
+    {"six digits, month 13", "011305"},
+    {"different separators", "10.3/2005"},
+    {"blanks as separators", "10 3 2005"},
+    {"divided digits", "10 03 05"},
+    {"month and year", "3.2005"},
+    {"year and month", "2005-03"},
+    {"no month", "10..2005"},
+    {"slash at the end", "10/3/"},
+    {"two points at the end", "10.3.."},
+    {"six digits and a point", "100305."},
+    {"something after it", "10.3.05x"},
+    {"four numbers", "10.3.05.1"},
+    {"sign", "-10.3.05"},
+    {"huge numbers", "99999999999.99999999999.99999999999"},
+};
+
+TEST(DateTest, TypedTextThatIsNoDateIsATypeMismatch) {
+  for (const ParseRow& row : kNoTypedDates) {
+    EXPECT_EQ(Thrown([&] { ParseTypedDate(row.text, kCzech, kToday); }), ErrorNumber::kTypeMismatch)
+        << row.name;
+  }
+  EXPECT_EQ(Thrown([] { ParseTypedDate("13/1/05", kEnglish, kToday); }),
+            ErrorNumber::kTypeMismatch);
+}
+
+struct CursorRow {
+  const char* text;
+  std::string parts;  // for each place of the cursor: d, M or y
+};
+
+TEST(DateTest, CursorStandsInOnePartOfATypedDate) {
+  const CursorRow rows[] = {
+      {"28.4.2005", "dddMMyyyyy"},
+      {"1. 2.", "ddMMMM"},
+      {"280405", "dddMMyy"},
+      {"2005-04-8", "yyyyyMMMdd"},
+      {" 1 . 2 . 2005", "dddMMMMyyyyyyy"},
+      {"zítra", "ddddddd"},
+  };
+  for (const CursorRow& row : rows) {
+    std::string parts;
+    for (std::size_t position = 0; position <= std::string_view(row.text).size(); ++position) {
+      const DatePart part = DatePartAt(row.text, position, kCzech);
+      parts += part == DatePart::kDay ? 'd' : part == DatePart::kMonth ? 'M' : 'y';
+    }
+    EXPECT_EQ(parts, row.parts) << row.text;
+  }
+  EXPECT_EQ(DatePartAt("4/28/2005", 0, kEnglish), DatePart::kMonth);
+  EXPECT_EQ(DatePartAt("4/28/2005", 4, kEnglish), DatePart::kDay);
+}
+
 TEST(DateTest, ShortTimeText) {
   using std::chrono::minutes;
   EXPECT_EQ(ShortTimeText(minutes(0)), "0:00");

@@ -10,10 +10,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <optional>
+#include <string>
 
 #include "shell/common/date.h"
 #include "shell/common/error.h"
 #include "ui/controls.h"
+#include "ui/qt/clock.h"
 #include "ui/qt/pictures.h"
 #include "ui/qt/text.h"
 
@@ -33,7 +35,12 @@ QPoint PopupPosition(const QWidget& field, QSize popup) {
 
 }  // namespace
 
-DateField::DateField(QWidget* parent) : QLineEdit(parent) {
+const ui::Clock& DateField::ComputersClock() {
+  static const Clock clock;
+  return clock;
+}
+
+DateField::DateField(QWidget* parent, const ui::Clock& clock) : QLineEdit(parent), clock_(clock) {
   arrow_ = addAction(Picture("dropdown"), TrailingPosition);
   arrow_->setToolTip(QStringLiteral("Vybrat datum z kalendáře"));
   connect(arrow_, &QAction::triggered, this, &DateField::OpenCalendar);
@@ -53,7 +60,7 @@ void DateField::SetDay(std::chrono::sys_days day) {
 std::optional<std::chrono::sys_days> DateField::TypedDay() const {
   Date day;
   try {
-    day = ParseShortDate(ToUtf8(text()), format_);
+    day = ParseTypedDate(ToUtf8(text()), format_, clock_.Now().day);
   } catch (const Error&) {
     return std::nullopt;
   }
@@ -83,6 +90,33 @@ void DateField::Pick(std::chrono::sys_days day) {
 void DateField::ShowDay() {
   const QString text = ToQString(ShortDateText(day_, format_));
   if (text != this->text()) setText(text);
+}
+
+/// The part that was changed is marked, so that the key goes on with it.
+void DateField::Step(int by) {
+  std::optional<Date> day = TypedDay();
+  if (!day) return;
+  const DatePart part =
+      DatePartAt(ToUtf8(text()), ToUtf8(text().left(cursorPosition())).size(), format_);
+  constexpr int kMonthsOfYear = 12;
+  try {
+    day = part == DatePart::kDay
+              ? AddDays(*day, by)
+              : AddMonths(*day, part == DatePart::kMonth ? by : by * kMonthsOfYear);
+  } catch (const Error&) {
+    return;  // there are no days beyond the last
+  }
+  if (*day < ui::DatePicker::kFirst || *day > ui::DatePicker::kLast) return;
+  const std::string stepped = ShortDateText(*day, format_);
+  setText(ToQString(stepped));
+  const auto at_part = [&](std::size_t position) {
+    return DatePartAt(stepped, position, format_) == part;
+  };
+  std::size_t begin = 0;
+  while (begin < stepped.size() && !at_part(begin)) ++begin;
+  std::size_t end = begin;
+  while (end < stepped.size() && at_part(end + 1)) ++end;
+  setSelection(static_cast<int>(begin), static_cast<int>(end - begin));
 }
 
 void DateField::OpenCalendar() {
@@ -164,9 +198,14 @@ void DateField::keyPressEvent(QKeyEvent* event) {
       if (event->modifiers() != Qt::NoModifier) break;  // Alt+F4 and Ctrl+F4 close windows
       OpenCalendar();
       return;
+    case Qt::Key_Up:
     case Qt::Key_Down:
-      if ((event->modifiers() & Qt::AltModifier) == 0) break;
-      OpenCalendar();
+      if ((event->modifiers() & Qt::AltModifier) != 0 && event->key() == Qt::Key_Down) {
+        OpenCalendar();
+        return;
+      }
+      if ((event->modifiers() & ~Qt::KeypadModifier) != 0) break;
+      Step(event->key() == Qt::Key_Up ? 1 : -1);
       return;
     default:
       break;

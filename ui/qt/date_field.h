@@ -5,6 +5,7 @@
 #include <chrono>
 #include <optional>
 
+#include "ui/clock.h"
 #include "ui/locale.h"
 
 namespace velta::qt {
@@ -14,14 +15,17 @@ namespace velta::qt {
 /// Typing goes on undisturbed until it is committed: by Enter, by leaving the field, by a command,
 /// or by choosing a day in the calendar (the arrow, F4 or Alt+Down; Enter takes the day there, Esc
 /// leaves the date as it was). A button that is pressed with the mouse takes the keyboard and
-/// commits nothing: a message about the date would come between its going down and up. A text that
-/// is no date is never taken for the last one: it stands, and Mistyped says so. Esc turns any text
-/// back to the last date. Neither the wheel nor the arrow keys change it.
+/// commits nothing: a message about the date would come between its going down and up.
+/// ParseTypedDate says what is a date. A text that is none is never taken for the last one: it
+/// stands, and Mistyped says so. Esc turns any text back to the last date. The keys Up and Down are
+/// typing too: they make the day, the month or the year at the cursor one more or less. The wheel
+/// changes nothing.
 class DateField final : public QLineEdit {
   Q_OBJECT
 
  public:
-  explicit DateField(QWidget* parent = nullptr);
+  /// The clock gives the year where none is typed; it must outlive the field.
+  explicit DateField(QWidget* parent = nullptr, const ui::Clock& clock = ComputersClock());
 
   /// The user's date form; the Czech one until it is set.
   void SetFormat(const ui::LocaleFormat& format);
@@ -55,7 +59,11 @@ class DateField final : public QLineEdit {
   std::optional<std::chrono::sys_days> TypedDay() const;
   void Pick(std::chrono::sys_days day);
   void ShowDay();
+  void Step(int by);
 
+  static const ui::Clock& ComputersClock();
+
+  const ui::Clock& clock_;
   ui::LocaleFormat format_;
   std::chrono::sys_days day_{};
   QAction* arrow_;

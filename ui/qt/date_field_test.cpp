@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/support/day.h"
+#include "ui/memory/memory_platform.h"
 #include "ui/qt/text.h"
 
 namespace velta::qt {
@@ -20,7 +21,8 @@ constexpr sys_days kBefore = Day(2005, 4, 28);
 
 class DateFieldTest : public ::testing::Test {
  protected:
-  DateFieldTest() : field_(&window_), other_(&window_) {
+  DateFieldTest() : field_(&window_, clock_), other_(&window_) {
+    clock_.now.day = Day(2026, 11, 21);
     other_.move(0, 60);
     field_.SetDay(kBefore);
     QObject::connect(&field_, &DateField::DayPicked, &field_,
@@ -43,6 +45,7 @@ class DateFieldTest : public ::testing::Test {
   }
   static QWidget* Days() { return Calendar()->findChild<QWidget*>("qt_calendar_calendarview"); }
 
+  ui::MemoryClock clock_;
   QWidget window_;
   DateField field_;
   QLineEdit other_;
@@ -77,6 +80,11 @@ INSTANTIATE_TEST_SUITE_P(
                       Typing{"month_after_long_day", "10.10.2004", Day(2004, 10, 10)},
                       Typing{"leading_zeros", "01.02.2005", Day(2005, 2, 1)},
                       Typing{"with_blanks", "1. 2. 2005", Day(2005, 2, 1)},
+                      Typing{"two_digit_year", "1.2.94", Day(1994, 2, 1)},
+                      Typing{"this_year", "1.2.", Day(2026, 2, 1)},
+                      Typing{"six_digits", "010205", Day(2005, 2, 1)},
+                      Typing{"year_first", "2005-02-01", Day(2005, 2, 1)},
+                      Typing{"slashes", "1/2/2005", Day(2005, 2, 1)},
                       Typing{"leap_day", "29.2.2004", Day(2004, 2, 29)}),
     [](const auto& test) { return test.param.name; });
 
@@ -129,13 +137,15 @@ TEST_F(DateFieldTest, IsNotSaidWhereTheKeyboardComesBackAtOnce) {
   EXPECT_EQ(mistyped_, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, RefusedDate,
-    ::testing::Values(Refused{"word", "zitra"}, Refused{"empty_but_blank", " "},
-                      Refused{"two_digit_year", "1.2.05"}, Refused{"no_such_day", "30.2.2005"},
-                      Refused{"half_typed", "1.2."}, Refused{"before_all_dates", "31.12.1899"},
-                      Refused{"behind_all_dates", "1.1.10000"}),
-    [](const auto& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(Texts, RefusedDate,
+                         ::testing::Values(Refused{"word", "zitra"},
+                                           Refused{"empty_but_blank", " "},
+                                           Refused{"half_typed", "1."},
+                                           Refused{"no_such_day", "30.2.2005"},
+                                           Refused{"before_all_dates", "31.12.1899"},
+                                           Refused{"year_first_without_signs", "20050310"},
+                                           Refused{"behind_all_dates", "1.1.10000"}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST_F(DateFieldTest, TakesTheDateWhenTheFieldIsLeft) {
   Type("3.5.2011");
@@ -172,14 +182,60 @@ TEST_F(DateFieldTest, FollowsTheUsersDateForm) {
   EXPECT_EQ(picked_, std::vector{Day(1999, 12, 31)});
 }
 
-TEST_F(DateFieldTest, WheelAndArrowKeysChangeNothing) {
+TEST_F(DateFieldTest, WheelChangesNothing) {
   QWheelEvent wheel(QPointF(5, 5), field_.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120),
                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(&field_, &wheel);
-  QTest::keyClick(&field_, Qt::Key_Up);
-  QTest::keyClick(&field_, Qt::Key_Down);
   EXPECT_EQ(field_.text(), "28.4.2005");
   EXPECT_TRUE(picked_.empty());
+}
+
+struct ArrowKey {
+  const char* name;
+  const char* text;
+  int cursor;
+  Qt::Key key;
+  const char* shown;
+  const char* marked;
+};
+
+class ArrowKeys : public DateFieldTest, public ::testing::WithParamInterface<ArrowKey> {};
+
+TEST_P(ArrowKeys, ChangeThePartAtTheCursorAndCommitNothing) {
+  Type(GetParam().text);
+  field_.setCursorPosition(GetParam().cursor);
+  QTest::keyClick(&field_, GetParam().key);
+  EXPECT_EQ(field_.text(), GetParam().shown);
+  EXPECT_EQ(field_.selectedText(), GetParam().marked);
+  EXPECT_TRUE(picked_.empty());
+  EXPECT_EQ(mistyped_, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Parts, ArrowKeys,
+    ::testing::Values(
+        ArrowKey{"day_up", "28.4.2005", 0, Qt::Key_Up, "29.4.2005", "29"},
+        ArrowKey{"day_down", "28.4.2005", 2, Qt::Key_Down, "27.4.2005", "27"},
+        ArrowKey{"day_over_the_years_end", "31.12.2005", 1, Qt::Key_Up, "1.1.2006", "1"},
+        ArrowKey{"day_over_the_months_begin", "1.3.2004", 1, Qt::Key_Down, "29.2.2004", "29"},
+        ArrowKey{"month_up", "28.4.2005", 3, Qt::Key_Up, "28.5.2005", "5"},
+        ArrowKey{"month_over_the_years_begin", "28.1.2005", 4, Qt::Key_Down, "28.12.2004", "12"},
+        ArrowKey{"month_without_that_day", "31.1.2005", 4, Qt::Key_Up, "28.2.2005", "2"},
+        ArrowKey{"year_up", "28.4.2005", 9, Qt::Key_Up, "28.4.2006", "2006"},
+        ArrowKey{"year_without_that_day", "29.2.2004", 9, Qt::Key_Down, "28.2.2003", "2003"},
+        ArrowKey{"date_without_a_year", "1.2.", 4, Qt::Key_Up, "1.3.2026", "3"},
+        ArrowKey{"date_with_the_year_first", "2005-02-01", 10, Qt::Key_Up, "2.2.2005", "2"},
+        ArrowKey{"last_day_of_all", "31.12.9999", 1, Qt::Key_Up, "31.12.9999", ""},
+        ArrowKey{"first_day_of_all", "1.1.1900", 1, Qt::Key_Down, "1.1.1900", ""},
+        ArrowKey{"no_date", "30.2.2005", 1, Qt::Key_Up, "30.2.2005", ""}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(DateFieldTest, ArrowKeysCountWhenTheFieldIsLeft) {
+  field_.setCursorPosition(0);
+  QTest::keyClick(&field_, Qt::Key_Up);
+  QTest::keyClick(&field_, Qt::Key_Up);
+  QTest::keyClick(&field_, Qt::Key_Tab);
+  EXPECT_EQ(picked_, std::vector{Day(2005, 4, 30)});
 }
 
 TEST_F(DateFieldTest, F4OpensACzechCalendarOnTheDate) {
