@@ -18,6 +18,7 @@ namespace velta {
 namespace {
 
 constexpr std::string_view kUnit = "Kč";
+constexpr std::string_view kUnitOfBanks = "CZK";
 
 /// A decimal number of any length, as it is written: the digits before and after the separator.
 struct Decimal {
@@ -50,27 +51,72 @@ std::string_view SkipGrouping(std::string_view text, const std::string& group) {
   return text;
 }
 
-/// Reads a whole text as a number; what is accepted stands in the header.
-std::optional<Decimal> Scan(std::string_view text, const ui::LocaleFormat& locale) {
+bool TakeUnit(std::string_view& text) { return Take(text, kUnit) || Take(text, kUnitOfBanks); }
+
+/// ",-" and its like; there either separator is clear.
+bool TakeNoHellers(std::string_view& text) {
+  std::string_view rest = text;
+  if (!Take(rest, ",") && !Take(rest, ".")) return false;
+  for (const char* dash : {"--", "-", "\u2013", "\u2014"}) {
+    if (!Take(rest, dash)) continue;
+    text = rest;
+    return true;
+  }
+  return false;
+}
+
+/// Reads a whole text as a number with these separators.
+std::optional<Decimal> ScanWith(std::string_view text, const std::string& decimal,
+                                const std::string& group) {
   Decimal number;
+  text = SkipBlanks(text);
+  const bool unit_before = TakeUnit(text);
   text = SkipBlanks(text);
   number.negative = Take(text, "-");
   if (!number.negative) Take(text, "+");
 
   TakeDigits(text, number.integer);
   while (!number.integer.empty()) {
-    std::string_view next_group = SkipGrouping(text, locale.group);
+    std::string_view next_group = SkipGrouping(text, group);
     if (!BeginsWithDigit(next_group)) break;
     TakeDigits(next_group, number.integer);
     text = next_group;
   }
-  if (Take(text, locale.decimal)) TakeDigits(text, number.fraction);
+  const bool no_hellers = !number.integer.empty() && TakeNoHellers(text);
+  if (!no_hellers && Take(text, decimal)) TakeDigits(text, number.fraction);
   if (number.integer.empty() && number.fraction.empty()) return std::nullopt;
 
   text = SkipBlanks(text);
-  if (Take(text, kUnit)) text = SkipBlanks(text);
+  if (!unit_before && TakeUnit(text)) text = SkipBlanks(text);
   if (!text.empty()) return std::nullopt;
   return number;
+}
+
+/// One to three digits before the first group sign, three behind each: "1.234.567,50".
+bool GroupsByThrees(std::string_view text, char group) {
+  constexpr std::string_view kDigits = "0123456789";
+  constexpr std::size_t kGroup = 3;
+  std::size_t sign = text.find(group);
+  const std::string_view before = text.substr(0, sign);
+  const std::size_t first = before.size() - (before.find_last_not_of(kDigits) + 1);
+  if (first == 0 || first > kGroup) return false;
+  while (sign < text.size() && text[sign] == group) {
+    const std::size_t end = std::min(text.find_first_not_of(kDigits, sign + 1), text.size());
+    if (end - sign - 1 != kGroup) return false;
+    sign = end;
+  }
+  return text.find(group, sign) == std::string_view::npos;
+}
+
+/// Reads a whole text as a number; what is accepted stands in the header.
+std::optional<Decimal> Scan(std::string_view text, const ui::LocaleFormat& locale) {
+  if (std::optional<Decimal> number = ScanWith(text, locale.decimal, locale.group)) return number;
+  const std::size_t point = text.rfind('.');
+  const std::size_t comma = text.rfind(',');
+  if (point == std::string_view::npos || comma == std::string_view::npos) return std::nullopt;
+  const bool comma_is_decimal = comma > point;
+  if (!GroupsByThrees(text, comma_is_decimal ? '.' : ',')) return std::nullopt;
+  return comma_is_decimal ? ScanWith(text, ",", ".") : ScanWith(text, ".", ",");
 }
 
 Decimal ScanOrThrow(std::string_view text, const ui::LocaleFormat& locale) {

@@ -11,8 +11,15 @@
 ///
 /// Accepted: blanks, a sign ("+" or "-"), digits with grouping between them (blank, U+00A0, U+202F
 /// or the locale's group sign), the locale's decimal separator with or without digits on either
-/// side, blanks, "Kč". At least one digit is needed. So "5,", ",5", "10 000,50 Kč" are numbers, "",
-/// ",", "-", "1.5" (in a comma locale), "1e3" and "5 %" are not.
+/// side, blanks. At least one digit is needed. So "5,", ",5", "10 000,50" are numbers, "", ",",
+/// "-", "1.5" (in a comma locale), "1e3" and "5 %" are not.
+///
+/// Amounts come from e-mails, banks and spreadsheets too, so these are accepted besides:
+///  - "Kč" or "CZK" behind the number or before it, not both: "10 000,50 Kč", "CZK 1 000";
+///  - a dash for no hellers: "12 345,-", "1 000,--";
+///  - the form of another locale where both separators stand: the last one is the decimal one then,
+///    and the other has groups of three behind it: "12.345,50". "1.000" alone may be one or a
+///    thousand and is no number in a comma locale.
 namespace velta {
 
 /// A yearly or daily rate in per cent or per mille. It is kept in single precision, and widened to
