@@ -5,6 +5,7 @@
 #include "shell/common/modPromenne.h"
 #include "shell/common/page.h"
 #include "shell/common/printing.h"
+#include "shell/common/text_encoding.h"
 
 namespace velta {
 
@@ -30,7 +31,8 @@ void frmHistory::OnLoad() {
   cmdTisk.SetCaption("&Tisk");
   cmdKonec.SetCaption("&Konec");
   const BusyPointer busy(*this);
-  txtHistory.SetText(ReadFile(ProgramFile(program_.platform.program_folder, kHistoryFile)));
+  txtHistory.SetText(
+      DecodedText(ReadFile(ProgramFile(program_.platform.program_folder, kHistoryFile))));
 }
 
 void frmHistory::cmdTisk_Click() {

@@ -57,6 +57,11 @@ TEST_F(frmHistoryTest, ByteOrderMarkIsNoPartOfTheText) {
   EXPECT_EQ(Open().txtHistory.text(), "Verze 1.0.0\n");
 }
 
+TEST_F(frmHistoryTest, FileThatIsNotUtf8IsReadAsWindows1250) {
+  folder_.Write("HISTORY.TXT", "Verze 1.0.0\r\nP\xF8\xEDli\x9A \x9Elu\x9Dou\xE8k\xFD\r\n");
+  EXPECT_EQ(Open().txtHistory.text(), "Verze 1.0.0\r\nPříliš žluťoučký\r\n");
+}
+
 TEST_F(frmHistoryTest, ReadsUnderTheHourglass) {
   folder_.Write("HISTORY.TXT", "text");
   std::vector<bool> busy;
@@ -93,6 +98,13 @@ TEST_F(frmHistoryTest, PrintsTwoEmptyLinesAndTheTextOnTheDefaultPrinter) {
   EXPECT_EQ(printed.copies, 1);
   EXPECT_THAT(memory_.printer.asked, IsEmpty()) << "without a dialog";
   EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(frmHistoryTest, EveryKindOfLineEndEndsTheLine) {
+  folder_.Write("HISTORY.TXT", "první\rdruhý\r\rčtvrtý\r\npátý\nšestý\n\rosmý\r");
+  Open().cmdTisk.UserClick();
+  EXPECT_THAT(Printed(),
+              ElementsAre("", "", "první", "druhý", "", "čtvrtý", "pátý", "šestý", "", "osmý"));
 }
 
 TEST_F(frmHistoryTest, EmptyFileIsAnEmptyBoxAndTwoEmptyLinesOnPaper) {

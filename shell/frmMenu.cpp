@@ -115,7 +115,7 @@ void frmMenu::SetHelpFile() {
 void frmMenu::ShowTime() {
   const ui::Moment now = program_.platform.clock.Now();
   lblDatum.SetCaption(ShortDateText(now.day, program_.platform.locale) + "   " +
-                      ShortTimeText(now.time));
+                      ShortTimeText(now.time, program_.platform.locale));
 }
 
 void frmMenu::OnUnload() {

@@ -9,9 +9,11 @@ Timer::~Timer() { Disarm(); }
 
 void Timer::Arm() {
   if (armed()) return;
-  ticket_ = event_loop_.After(interval_, [this] {
+  const bool periodic = kind_ == Kind::kPeriodic;
+  const auto in_boxes = periodic ? EventLoop::InBoxes::kRuns : EventLoop::InBoxes::kWaits;
+  ticket_ = event_loop_.After(interval_, in_boxes, [this, periodic] {
     ticket_ = 0;
-    if (kind_ == Kind::kPeriodic) Arm();
+    if (periodic) Arm();
     Tick.Raise();
   });
 }

@@ -8,8 +8,9 @@
 namespace velta::ui {
 
 /// Work that continues after the event loop has turned. A one-shot runs once each time it is armed:
-/// it is disarmed before its handlers run, which may arm it again. A periodic one runs until it is
-/// disarmed. Destroying the timer disarms it; its own handlers must not do that.
+/// it is disarmed before its handlers run, which may arm it again. While a message box or a dialog
+/// is open it waits. A periodic one continues nothing: it runs until it is disarmed, boxes or not.
+/// Destroying the timer disarms it; its own handlers must not do that.
 class Timer {
  public:
   enum class Kind { kOneShot, kPeriodic };

@@ -51,12 +51,13 @@ std::string Padded(unsigned number, std::size_t width) {
 }
 
 bool IsPart(char pattern) { return pattern == 'd' || pattern == 'M' || pattern == 'y'; }
+bool IsPartOfTime(char pattern) { return pattern == 'H' || pattern == 'h' || pattern == 'm'; }
 
-/// The pattern cut into parts ("d", "MM", "yyyy") and single characters of what stands between
-/// them.
-std::string_view TakeToken(std::string_view& pattern) {
+/// The pattern cut into parts ("d", "MM", "yyyy", "h", "mm") and single characters of what stands
+/// between them.
+std::string_view TakeToken(std::string_view& pattern, bool is_part(char) = IsPart) {
   const std::size_t length =
-      IsPart(pattern.front()) ? pattern.find_first_not_of(pattern.front()) : 1;
+      is_part(pattern.front()) ? pattern.find_first_not_of(pattern.front()) : 1;
   const std::string_view token = pattern.substr(0, length);
   pattern.remove_prefix(token.size());
   return token;
@@ -285,9 +286,33 @@ DatePart DatePartAt(std::string_view text, std::size_t position, const ui::Local
   }
 }
 
-std::string ShortTimeText(std::chrono::minutes since_midnight) {
+std::string ShortTimeText(std::chrono::minutes since_midnight, const ui::LocaleFormat& locale) {
+  constexpr std::string_view kHalf = "AP";
   const auto minutes = static_cast<unsigned>(since_midnight.count());
-  return std::to_string(minutes / 60) + ":" + Padded(minutes % 60, 2);
+  const unsigned hour = minutes / 60;
+  std::string text;
+  for (std::string_view pattern = locale.time_pattern; !pattern.empty();) {
+    if (pattern.starts_with(kHalf)) {
+      text += hour < 12 ? locale.am : locale.pm;
+      pattern.remove_prefix(kHalf.size());
+      continue;
+    }
+    const std::string_view token = TakeToken(pattern, IsPartOfTime);
+    switch (token.front()) {
+      case 'H':
+        text += Padded(hour, token.size());
+        break;
+      case 'h':
+        text += Padded(hour % 12 == 0 ? 12 : hour % 12, token.size());
+        break;
+      case 'm':
+        text += Padded(minutes % 60, token.size());
+        break;
+      default:
+        text += token;
+    }
+  }
+  return text;
 }
 
 }  // namespace velta

@@ -54,7 +54,7 @@ enum class DatePart { kDay, kMonth, kYear };
 /// parts it is the one before. The day where the text is no date.
 DatePart DatePartAt(std::string_view text, std::size_t position, const ui::LocaleFormat& locale);
 
-/// The time of day: "9:05".
-std::string ShortTimeText(std::chrono::minutes since_midnight);
+/// The time of day in the user's short form: "9:05", "14:59"; "9:05 AM", "2:59 PM".
+std::string ShortTimeText(std::chrono::minutes since_midnight, const ui::LocaleFormat& locale);
 
 }  // namespace velta

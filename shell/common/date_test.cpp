@@ -448,10 +448,29 @@ TEST(DateTest, CursorStandsInOnePartOfATypedDate) {
 
 TEST(DateTest, ShortTimeText) {
   using std::chrono::minutes;
-  EXPECT_EQ(ShortTimeText(minutes(0)), "0:00");
-  EXPECT_EQ(ShortTimeText(minutes(9 * 60 + 5)), "9:05");
-  EXPECT_EQ(ShortTimeText(minutes(12 * 60)), "12:00");
-  EXPECT_EQ(ShortTimeText(minutes(23 * 60 + 59)), "23:59");
+  struct Row {
+    int hour;
+    int minute;
+    const char* czech;
+    const char* american;
+    const char* zeros_and_words;
+  };
+  ui::LocaleFormat american;
+  american.time_pattern = "h:mm AP";
+  ui::LocaleFormat other;
+  other.time_pattern = "AP hh.mm";
+  other.am = "dop.";
+  other.pm = "odp.";
+  for (const Row& row :
+       {Row{0, 0, "0:00", "12:00 AM", "dop. 12.00"}, Row{2, 59, "2:59", "2:59 AM", "dop. 02.59"},
+        Row{9, 5, "9:05", "9:05 AM", "dop. 09.05"}, Row{11, 59, "11:59", "11:59 AM", "dop. 11.59"},
+        Row{12, 0, "12:00", "12:00 PM", "odp. 12.00"}, Row{13, 7, "13:07", "1:07 PM", "odp. 01.07"},
+        Row{23, 59, "23:59", "11:59 PM", "odp. 11.59"}}) {
+    const minutes time(row.hour * 60 + row.minute);
+    EXPECT_EQ(ShortTimeText(time, ui::LocaleFormat()), row.czech);
+    EXPECT_EQ(ShortTimeText(time, american), row.american);
+    EXPECT_EQ(ShortTimeText(time, other), row.zeros_and_words);
+  }
 }
 
 }  // namespace

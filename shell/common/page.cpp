@@ -59,12 +59,11 @@ void Page::WriteFrom(int first_column, std::string_view text) {
 
 void Page::WriteLines(std::string_view text) {
   while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
     Write(line);
     EndLine();
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    text.remove_prefix(line.size());
+    if (!text.empty()) text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
   }
 }
 

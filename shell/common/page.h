@@ -20,7 +20,7 @@ class Page {
   void Write(std::string_view text) { WriteFrom(1, text); }
   /// Writes at a column, and goes on at that column where the text does not fit into the line.
   void WriteAt(int column, std::string_view text);
-  /// Writes whole lines, ended by CR LF or LF; the last one may lack its end.
+  /// Writes whole lines, ended by CR LF, CR or LF; the last one may lack its end.
   void WriteLines(std::string_view text);
   /// Lines that end from now on are bold, or not.
   void SetBold(bool bold) { bold_ = bold; }

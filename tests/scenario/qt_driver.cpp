@@ -93,12 +93,13 @@ void PickRow(QListWidget& list, int row) {
 /// Qt's event loop that also knows whether the program waits for its next turn.
 class WatchedEventLoop final : public ui::EventLoop {
  public:
-  Ticket After(std::chrono::milliseconds delay, std::function<void()> callback) override {
+  Ticket After(std::chrono::milliseconds delay, InBoxes in_boxes,
+               std::function<void()> callback) override {
     // A scenario's clock stands still: what waits for time to pass never comes.
-    if (delay.count() > 0) return loop_.After(std::chrono::years(1), std::move(callback));
+    if (delay.count() > 0) return loop_.After(std::chrono::years(1), in_boxes, std::move(callback));
     // The ticket is known only after the request; the callback does not run before that.
     const auto own_ticket = std::make_shared<Ticket>();
-    *own_ticket = loop_.After(delay, [this, own_ticket, callback = std::move(callback)] {
+    *own_ticket = loop_.After(delay, in_boxes, [this, own_ticket, callback = std::move(callback)] {
       next_turn_.erase(*own_ticket);
       callback();
     });

@@ -5,7 +5,7 @@
 
 namespace velta::ui {
 
-EventLoop::Ticket MemoryEventLoop::After(std::chrono::milliseconds delay,
+EventLoop::Ticket MemoryEventLoop::After(std::chrono::milliseconds delay, InBoxes /*in_boxes*/,
                                          std::function<void()> callback) {
   due_.emplace(std::pair(now_ + delay, ++last_ticket_), std::move(callback));
   return last_ticket_;

@@ -19,7 +19,10 @@ namespace velta::ui {
 /// A loop whose time passes only when somebody runs it, and then as fast as it can.
 class MemoryEventLoop final : public EventLoop {
  public:
-  Ticket After(std::chrono::milliseconds delay, std::function<void()> callback) override;
+  using EventLoop::After;
+  /// No box stays open here, so none is waited for.
+  Ticket After(std::chrono::milliseconds delay, InBoxes in_boxes,
+               std::function<void()> callback) override;
   void Cancel(Ticket ticket) override;
   void Quit() override { quit = true; }
 
@@ -189,6 +192,6 @@ struct MemoryPlatform {
 };
 
 /// How an English-speaking user's system writes: decimal point, comma grouping, month first.
-inline LocaleFormat EnglishLocale() { return {".", ",", "M/d/yyyy"}; }
+inline LocaleFormat EnglishLocale() { return {".", ",", "M/d/yyyy", "h:mm AP"}; }
 
 }  // namespace velta::ui

@@ -11,7 +11,8 @@ namespace velta::qt {
 /// The program's event loop on Qt's. One timer waits for the earliest request.
 class EventLoop final : public ui::EventLoop {
  public:
-  /// Callbacks wait while a Pause is alive: whoever opens a modal box or dialog holds one.
+  /// Callbacks wait while a Pause is alive, but for those that run in boxes too: whoever opens a
+  /// modal box or dialog holds one.
   class Pause {
    public:
     explicit Pause(EventLoop& loop);
@@ -25,7 +26,9 @@ class EventLoop final : public ui::EventLoop {
 
   EventLoop();
 
-  Ticket After(std::chrono::milliseconds delay, std::function<void()> callback) override;
+  using ui::EventLoop::After;
+  Ticket After(std::chrono::milliseconds delay, InBoxes in_boxes,
+               std::function<void()> callback) override;
   void Cancel(Ticket ticket) override;
   void Quit() override;
 
@@ -36,14 +39,21 @@ class EventLoop final : public ui::EventLoop {
   using Time = std::chrono::steady_clock::time_point;
   using Key = std::pair<Time, Ticket>;  // in the order in which the callbacks run
 
+  struct Request {
+    InBoxes in_boxes;
+    std::function<void()> callback;
+  };
+
   void RunDue();
+  [[nodiscard]] bool MayRun(const Request& request) const;
   void Wait();
 
   QTimer timer_;
-  std::map<Key, std::function<void()>> requests_;
+  std::map<Key, Request> requests_;
   Ticket last_ticket_ = 0;
   int pauses_ = 0;
-  bool running_ = false;
+  bool running_ = false;         // a callback that waits for boxes is under way,
+  bool running_in_box_ = false;  // or one that does not
   bool turning_ = false;
   bool quit_ = false;  // the program has asked to end
 };

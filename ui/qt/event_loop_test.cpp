@@ -91,6 +91,44 @@ TEST_F(EventLoopTest, CallbacksWaitWhileABoxOfACallbackIsOpen) {
   WaitFor("ab");
 }
 
+TEST_F(EventLoopTest, WhatRunsInBoxesRunsWhileOneIsOpen) {
+  std::optional<EventLoop::Pause> box(loop_);
+  loop_.After(0ms, Note('x'));
+  loop_.After(0ms, ui::EventLoop::InBoxes::kRuns, Note('a'));
+  WaitFor("a");
+  loop_.After(5ms, ui::EventLoop::InBoxes::kRuns, Note('b'));
+  WaitFor("ab");
+  box.reset();
+  WaitFor("abx");
+}
+
+TEST_F(EventLoopTest, WhatRunsInBoxesRunsWhileOneOfACallbackIsOpen) {
+  loop_.After(20ms, ui::EventLoop::InBoxes::kRuns, Note('a'));
+  loop_.After(0ms, [this] {
+    {
+      const EventLoop::Pause box(loop_);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !ran_.empty(); }));
+    }
+    ran_ += 'b';
+  });
+  loop_.After(0ms, Note('c'));
+  WaitFor("abc");
+}
+
+TEST_F(EventLoopTest, WhatRunsInBoxesInterruptsNothingElse) {
+  loop_.After(0ms, [this] {
+    Settle();
+    ran_ += 'a';
+  });
+  loop_.After(0ms, ui::EventLoop::InBoxes::kRuns, [this] {
+    const EventLoop::Pause box(loop_);
+    Settle();
+    ran_ += 'b';
+  });
+  loop_.After(0ms, ui::EventLoop::InBoxes::kRuns, Note('c'));
+  WaitFor("abc");
+}
+
 TEST_F(EventLoopTest, OneCallbackAtATimeAlsoInNestedLoops) {
   loop_.After(0ms, [this] {
     Settle();

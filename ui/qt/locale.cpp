@@ -22,6 +22,16 @@ QString DatePattern(const QLocale& locale) {
   return kNumeric.match(pattern).hasMatch() ? pattern : czech;
 }
 
+/// In the terms of ui::LocaleFormat.
+QString TimePattern(const QLocale& locale) {
+  QString pattern = locale.timeFormat(QLocale::ShortFormat);
+  static const QRegularExpression kBlank(R"(\s)", QRegularExpression::UseUnicodePropertiesOption);
+  static const QRegularExpression kHalf("[aA][pP]?");
+  pattern.replace(kBlank, " ").replace(kHalf, "AP");
+  static const QRegularExpression kNumeric("^(HH?[:.]mm|hh?[:.]mm ?AP|AP ?hh?[:.]mm)$");
+  return kNumeric.match(pattern).hasMatch() ? pattern : ToQString(ui::LocaleFormat().time_pattern);
+}
+
 }  // namespace
 
 ui::LocaleFormat LocaleFormatOf(const QLocale& locale) {
@@ -32,6 +42,9 @@ ui::LocaleFormat LocaleFormatOf(const QLocale& locale) {
   if (locale.decimalPoint() != ",") format.decimal = ".";
   if (format.decimal == "." && locale.groupSeparator() == ",") format.group = ",";
   format.date_pattern = ToUtf8(DatePattern(locale));
+  format.time_pattern = ToUtf8(TimePattern(locale));
+  format.am = ToUtf8(locale.amText());
+  format.pm = ToUtf8(locale.pmText());
   return format;
 }
 

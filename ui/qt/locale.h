@@ -10,7 +10,9 @@ namespace velta::qt {
 ///  - where no locale is chosen (C, POSIX) the Czech ones, for the program is Czech;
 ///  - groups of digits stand apart by an ordinary blank where the locale has a special one;
 ///  - Czech dates are "28.4.2005"; elsewhere the year has four digits too, and a pattern that
-///    cannot be typed from the number keys (month names, other scripts) gives way to the Czech one.
+///    cannot be typed from the number keys (month names, other scripts) gives way to the Czech one;
+///  - the time of day has its hours and minutes, and what the locale says before and after noon; a
+///    pattern with other words in it gives way to the Czech one.
 ui::LocaleFormat LocaleFormatOf(const QLocale& locale);
 
 }  // namespace velta::qt

@@ -4,27 +4,12 @@
 #include <QTextDocumentFragment>
 #include <algorithm>
 
+#include "shell/common/text_encoding.h"
+#include "ui/qt/text.h"
+
 namespace velta::qt {
 
 namespace {
-
-// What the bytes from 0x80 on mean. Whether Qt itself can tell depends on how it was built.
-constexpr QStringView kWindows1250 =
-    u"€\uFFFD‚\uFFFD„…†‡\uFFFD‰Š‹ŚŤŽŹ\uFFFD‘’“”•–—\uFFFD™š›śťžź"
-    u"\u00A0ˇ˘Ł¤Ą¦§¨©Ş«¬\u00AD®Ż°±˛ł´µ¶·¸ąş»Ľ˝ľż"
-    u"ŔÁÂĂÄĹĆÇČÉĘËĚÍÎĎĐŃŇÓÔŐÖ×ŘŮÚŰÜÝŢß"
-    u"ŕáâăäĺćçčéęëěíîďđńňóôőö÷řůúűüýţ˙";
-constexpr uchar kFirstOfTable = 0x80;
-
-QString FromWindows1250(const QByteArray& bytes) {
-  QString text;
-  text.reserve(bytes.size());
-  for (const char byte : bytes) {
-    const auto code = static_cast<uchar>(byte);
-    text += code < kFirstOfTable ? QChar(code) : kWindows1250[code - kFirstOfTable];
-  }
-  return text;
-}
 
 /// An attribute's value without its entities.
 QString Decoded(const QString& value) {
@@ -39,7 +24,7 @@ QList<HelpEntry> ReadHelpContents(const QByteArray& hhc) {
       QRegularExpression::CaseInsensitiveOption);
   QList<HelpEntry> entries;
   int depth = 0;
-  auto marks = kMark.globalMatch(FromWindows1250(hhc));
+  auto marks = kMark.globalMatch(ToQString(FromWindows1250(hhc.toStdString())));
   while (marks.hasNext()) {
     const QRegularExpressionMatch mark = marks.next();
     const QString tag = mark.captured(1).toLower();
