@@ -12,7 +12,9 @@
 #include "ui/qt/printer.h"
 #include "ui/qt/program_folder.h"
 #include "ui/qt/settings_store.h"
+#include "ui/qt/text.h"
 #include "ui/qt/user_name.h"
+#include "ui/qt/window_places.h"
 #include "ui/qt/window_system.h"
 
 namespace velta::qt {
@@ -37,7 +39,8 @@ struct QtPlatform {
   UserName user_name;
   Clock clock;
   ProgramFolder program_folder;
-  WindowSystem window_system{locale};
+  WindowPlaces window_places{ToQString(program_folder.ExecutableName())};
+  WindowSystem window_system{locale, &window_places};
 };
 
 }  // namespace velta::qt

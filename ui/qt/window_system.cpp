@@ -14,6 +14,7 @@
 #include <QShortcut>
 #include <QShortcutEvent>
 #include <algorithm>
+#include <optional>
 
 #include "ui/qt/binder.h"
 #include "ui/qt/forms.h"
@@ -116,6 +117,7 @@ class WindowSystem::TopView final : public WindowSystem::View {
     if (fitting != content->size()) content->setWindowState(Qt::WindowMaximized);
     content->resize(fitting);
     content->move(screen.center() - content->rect().center());
+    if (KeepsPlace()) system_.places_->Restore(*content, ToQString(window.name()));
   }
 
   void Show() override {
@@ -133,6 +135,11 @@ class WindowSystem::TopView final : public WindowSystem::View {
     binder_->TakeFocus();
   }
 
+  void Close() override {
+    if (KeepsPlace()) system_.places_->Remember(*frame_, ToQString(window_.name()));
+    View::Close();
+  }
+
  protected:
   bool IsActive() const override { return frame_->isActiveWindow(); }
 
@@ -145,6 +152,10 @@ class WindowSystem::TopView final : public WindowSystem::View {
   }
 
  private:
+  bool KeepsPlace() const {
+    return system_.places_ != nullptr && window_.kind() == ui::WindowKind::kMain;
+  }
+
   /// The splash has no close box: a click or Esc does it.
   static bool PutsAway(const QEvent& event) {
     return event.type() == QEvent::MouseButtonRelease ||
@@ -169,13 +180,19 @@ class WindowSystem::ChildView final : public WindowSystem::View {
     const QScopedValueRollback acting(system.program_acts_, true);
     system.desktop_->addSubWindow(sub_window_);
     sub_window_->hide();
+    if (system.places_ != nullptr) {
+      place_.emplace(*system.places_, *sub_window_, ToQString(window.name()));
+    }
   }
 
   ~ChildView() override { Remove(); }
 
   void Show() override {
     const QScopedValueRollback acting(system_.program_acts_, true);
-    if (!placed_) Place();
+    if (!placed_) {
+      Place();
+      if (place_.has_value()) place_->Restore();
+    }
     if (sub_window_->isMinimized()) {
       sub_window_->showNormal();
     } else {
@@ -192,6 +209,7 @@ class WindowSystem::ChildView final : public WindowSystem::View {
   }
 
   void Close() override {
+    if (place_.has_value()) place_->Remember();
     View::Close();
     Remove();
   }
@@ -231,9 +249,11 @@ class WindowSystem::ChildView final : public WindowSystem::View {
 
   QMdiSubWindow* sub_window_;
   bool placed_ = false;
+  std::optional<ChildPlace> place_;
 };
 
-WindowSystem::WindowSystem(const ui::LocaleFormat& locale) : locale_(locale) {
+WindowSystem::WindowSystem(const ui::LocaleFormat& locale, const WindowPlaces* places)
+    : locale_(locale), places_(places) {
   qApp->installEventFilter(this);
 }
 

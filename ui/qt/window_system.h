@@ -6,6 +6,7 @@
 
 #include "ui/locale.h"
 #include "ui/qt/hint_filter.h"
+#include "ui/qt/window_places.h"
 #include "ui/window_system.h"
 
 class QAbstractButton;
@@ -20,8 +21,9 @@ namespace velta::qt {
 /// first.
 class WindowSystem final : public QObject, public ui::WindowSystem {
  public:
-  /// `locale` must outlive the window system.
-  explicit WindowSystem(const ui::LocaleFormat& locale);
+  /// `locale` must outlive the window system, and so must `places`, where the windows' places are
+  /// kept; null: nowhere.
+  explicit WindowSystem(const ui::LocaleFormat& locale, const WindowPlaces* places = nullptr);
 
   [[nodiscard]] std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override;
 
@@ -39,6 +41,7 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
 
   const ui::LocaleFormat& locale_;
+  const WindowPlaces* places_;
   HintFilter hints_;
   QPointer<QMdiArea> desktop_;
   QHash<const QObject*, ui::Window*> children_;

@@ -1,0 +1,80 @@
+#include "ui/qt/window_places.h"
+
+#include <QEvent>
+#include <QMdiSubWindow>
+#include <QSettings>
+#include <algorithm>
+
+namespace velta::qt {
+
+namespace {
+
+constexpr const char* kFile = "windows";
+constexpr const char* kPlace = "/place";
+constexpr const char* kMaximised = "/maximised";
+
+/// As large as it was, or as there is room for, and in view with all its edges.
+QRect InView(const QRect& place, const QSize& least, const QSize& area) {
+  const QSize size = place.size().boundedTo(area).expandedTo(least);
+  return {QPoint(std::clamp(place.x(), 0, std::max(0, area.width() - size.width())),
+                 std::clamp(place.y(), 0, std::max(0, area.height() - size.height()))),
+          size};
+}
+
+}  // namespace
+
+std::unique_ptr<QSettings> WindowPlaces::Open() const {
+  auto file =
+      std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, application_, kFile);
+  file->setFallbacksEnabled(false);
+  file->beginGroup("Windows");
+  return file;
+}
+
+void WindowPlaces::Restore(QWidget& window, const QString& name) const {
+  window.restoreGeometry(Open()->value(name + kPlace).toByteArray());
+}
+
+void WindowPlaces::Remember(const QWidget& window, const QString& name) const {
+  Open()->setValue(name + kPlace, window.saveGeometry());
+}
+
+ChildPlace::ChildPlace(const WindowPlaces& places, QMdiSubWindow& window, QString name)
+    : places_(places), window_(window), name_(std::move(name)) {
+  window.installEventFilter(this);
+}
+
+void ChildPlace::Restore() {
+  restored_ = true;
+  opened_maximised_ = window_.isMaximized();
+  if (opened_maximised_) return;  // as the one before it is
+  const auto file = places_.Open();
+  const QRect place = file->value(name_ + kPlace).toRect();
+  if (place.isValid()) {
+    window_.setGeometry(InView(place, window_.minimumSizeHint(), window_.parentWidget()->size()));
+  }
+  opened_at_ = normal_ = window_.geometry();
+  if (file->value(name_ + kMaximised).toBool()) window_.showMaximized();
+}
+
+void ChildPlace::Remember() const {
+  if (!restored_) return;
+  const auto file = places_.Open();
+  if (normal_ != opened_at_) file->setValue(name_ + kPlace, normal_);
+  // That it opened as large as the one before was not said of this window.
+  if (window_.isMaximized() && opened_maximised_) return;
+  if (window_.isMaximized() || file->contains(name_ + kMaximised)) {
+    file->setValue(name_ + kMaximised, window_.isMaximized());
+  }
+}
+
+bool ChildPlace::eventFilter(QObject* /*watched*/, QEvent* event) {
+  const bool changed = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+  if (changed && restored_ && window_.isVisible() && !window_.isMaximized() &&
+      !window_.isMinimized()) {
+    normal_ = window_.geometry();
+  }
+  return false;
+}
+
+}  // namespace velta::qt
