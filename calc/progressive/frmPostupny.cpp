@@ -1,5 +1,6 @@
 #include "calc/progressive/frmPostupny.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "calc/account_texts.h"
@@ -46,6 +47,10 @@ frmPostupny::frmPostupny(Program& program, const Settings& settings,
 void frmPostupny::WireEvents() {
   OnClick(cmdPridat, [this] { cmdPridat_Click(); });
   OnChange(cboDruhSazby, [this] { OpenRateBox(txtData[kRate]); });
+  for (ui::ListBox* column : {&List1, &List2, &List3}) {
+    OnChange(*column, [this, column] { MarkPayment(column->index()); });
+  }
+  OnChange(List4, [this] { MarkPayment(PaymentOfInterest(List4.index())); });
   for (ui::TextBox& box : txtData) {
     OnKeyPress(box, [this](ui::KeyPress& key) { TypeDecimal(key); });
   }
@@ -242,6 +247,31 @@ void frmPostupny::ShowTotal(double latest_interest) {
     List5.AddItem(PlainText(latest_interest, locale));
     state.InterestTotal = result_.total = Money::FromDouble(latest_interest);
   }
+}
+
+void frmPostupny::MarkPayment(int payment) {
+  for (ui::ListBox* column : {&List1, &List2, &List3}) column->SetIndex(payment);
+  // A row of a payment with several that is marked already stays so.
+  if (PaymentOfInterest(List4.index()) != payment) List4.SetIndex(FirstInterest(payment));
+}
+
+int frmPostupny::FirstInterest(int payment) const {
+  if (payment < 0) return -1;
+  int row = 0;
+  for (int i = 0; i < payment; ++i) row += RowsOfInterest(i);
+  return row;
+}
+
+int frmPostupny::PaymentOfInterest(int row) const {
+  if (row < 0) return -1;
+  int payment = 0;
+  while (row >= RowsOfInterest(payment)) row -= RowsOfInterest(payment++);
+  return payment;
+}
+
+int frmPostupny::RowsOfInterest(int payment) const {
+  const auto& periods = result_.payments.at(static_cast<std::size_t>(payment)).periods;
+  return std::max(1, static_cast<int>(periods.size()));
 }
 
 void frmPostupny::StartReport() {

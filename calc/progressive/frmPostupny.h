@@ -64,6 +64,11 @@ class frmPostupny final : public CalculationForm {
   double RoundInterest(double interest) const;
   void RecordPayment(Payment payment);
   void ShowTotal(double latest_interest);
+  /// Chooses a payment's row in every list, in that of interest its first one; -1 chooses none.
+  void MarkPayment(int payment);
+  int FirstInterest(int payment) const;
+  int PaymentOfInterest(int row) const;
+  int RowsOfInterest(int payment) const;
   void StartReport();
   void AppendReport(const std::string& text);
   /// Sets the shared values that only this window has to 0.

@@ -10,6 +10,9 @@ namespace velta {
 
 namespace {
 
+/// Behind the longest label of the report.
+constexpr int kReportValueColumn = 33;
+
 void AddLine(Page& page, std::string_view label, const std::string& value = "") {
   page.MoveTo(kLabelColumn);
   page.Write(label);
@@ -33,13 +36,30 @@ void AddPayment(Page& page, const ProgressiveResult& result, const Payment& paym
   AddLine(page, "Úrok z prodlení:", CurrencyText(payment.interest, locale));
 }
 
+/// The report as it stands, line for line, with its values in one column.
+void AddReport(Page& page, std::string_view report) {
+  while (!report.empty()) {
+    const std::size_t end = report.find(kReportLineEnd);
+    const std::string_view line = report.substr(0, end);
+    report.remove_prefix(end == std::string_view::npos ? report.size()
+                                                       : end + kReportLineEnd.size());
+    const std::size_t tab = line.find('\t');
+    page.Write(line.substr(0, tab));
+    if (tab != std::string_view::npos) {
+      page.MoveTo(kReportValueColumn);
+      page.Write(line.substr(tab + 1));
+    }
+    page.EndLine();
+  }
+}
+
 }  // namespace
 
 ui::PrintedDocument ProgressivePrintout(const ProgressiveResult& result, const std::string& report,
                                         const ui::LocaleFormat& locale) {
   Page page(kPrintoutName);
   if (result.kind == RateKind::kRepo) {
-    page.WriteLines(report);
+    AddReport(page, report);
     return page.Take();
   }
   AddLine(page, kAccountHeading);

@@ -37,6 +37,9 @@ void SetBackground(QWidget& widget, ui::Background background) {
   if (background == ui::Background::kFace) {
     palette.setBrush(QPalette::Base, palette.brush(QPalette::Active, QPalette::Button));
   }
+  // A line that can only be read is no hole in the window to type into.
+  const auto* line = qobject_cast<QLineEdit*>(&widget);
+  if (line != nullptr && line->isReadOnly()) palette.setColor(QPalette::Base, Qt::transparent);
   // What a closed box shows, such as the rate that the bank's table gave, is there to be read.
   palette.setBrush(QPalette::Disabled, QPalette::Text,
                    palette.brush(QPalette::Active, QPalette::WindowText));
@@ -431,6 +434,7 @@ void Binder::BindLine(ui::TextBox& control, QLineEdit& edit) {
     if (text == line.text()) return;  // the cursor stays where the user types
     const QSignalBlocker by_program(line);
     line.setText(text);
+    if (!line.hasFocus()) line.setCursorPosition(0);  // a long text is read from its beginning
   };
   edit.setMaxLength(std::numeric_limits<int>::max());  // by itself a line cuts off a long paste
   edit.setReadOnly(control.read_only());

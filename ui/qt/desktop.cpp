@@ -92,6 +92,12 @@ void Desktop::paintEvent(QPaintEvent* event) {
   QMdiArea::paintEvent(event);
   if (picture_.size() != (QSizeF(viewport()->size()) * devicePixelRatioF()).toSize()) DrawPicture();
   QPainter painter(viewport());
+  // The picture is a light one; on a dark desktop no more than a trace of it is left.
+  const QColor ground = palette().color(QPalette::Window);
+  if (ground.lightness() < 128) {
+    painter.fillRect(viewport()->rect(), ground.darker(130));
+    painter.setOpacity(0.08);
+  }
   painter.drawPixmap(0, 0, picture_);
 }
 

@@ -1,18 +1,36 @@
 #pragma once
 
-#include <QWidget>
+#include <QFrame>
+#include <QList>
+
+class QLabel;
 
 namespace velta::qt {
 
-/// Holds lists that stand side by side as the columns of one table: they scroll as one.
-class ListColumns final : public QWidget {
+class TableColumn;
+
+/// Holds lists that stand side by side as the columns of one table: those with the same number of
+/// rows scroll as one, and only the last of them has a scroll bar. Above each stands its heading,
+/// the label whose buddy it is.
+class ListColumns final : public QFrame {
   Q_OBJECT
 
  public:
-  using QWidget::QWidget;
+  explicit ListColumns(QWidget* parent = nullptr);
 
  protected:
   bool event(QEvent* event) override;
+
+ private:
+  struct Column {
+    TableColumn* list;
+    QLabel* heading;  // null where there is none
+  };
+
+  void Connect();
+  void Arrange();
+
+  QList<Column> columns_;
 };
 
 }  // namespace velta::qt

@@ -30,6 +30,7 @@ void ReportBox::SetReport(const QString& text, const std::vector<int>& tab_stops
 }
 
 void ReportBox::Append(const QString& text) {
+  if (one_value_column_) MoveValuesBehind(text);
   QTextCursor end(document());
   end.movePosition(QTextCursor::End);
   end.insertText(text);
@@ -40,6 +41,8 @@ void ReportBox::LayTabStops(const QString& text, const std::vector<int>& tab_sto
   if (tab_stops.empty()) {
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setTabStopDistance(kCharactersOfDefaultStop * QFontMetricsF(font()).horizontalAdvance(u' '));
+    longest_label_ = 0;
+    if (one_value_column_) MoveValuesBehind(text);
     return;
   }
   const QFontMetricsF metrics(font());
@@ -57,11 +60,37 @@ void ReportBox::LayTabStops(const QString& text, const std::vector<int>& tab_sto
       positions[i] = std::max(positions[i], from + metrics.horizontalAdvance(cells[cell]) + gap);
     }
   }
+  LayTabStopsAt(positions);
+}
+
+/// Lines in which one tab stands before the value and lines with two shall meet in one column: the
+/// second stop lies where the first does, as nearly as the layout tells them apart.
+void ReportBox::MoveValuesBehind(const QString& text) {
+  constexpr double kNext = 0.1;
+  const QFontMetricsF metrics(font());
+  double longest = longest_label_;
+  for (const QString& line : text.split(u'\n')) {
+    const qsizetype tab = line.indexOf(u'\t');
+    if (tab > 0) longest = std::max(longest, metrics.horizontalAdvance(line.first(tab)));
+  }
+  if (longest == longest_label_) return;
+  longest_label_ = longest;
+  const double column = longest + 2 * metrics.averageCharWidth();
+  LayTabStopsAt({column, column + kNext});
+}
+
+void ReportBox::LayTabStopsAt(const std::vector<double>& positions) {
   QList<QTextOption::Tab> tabs;
   for (const double position : positions) tabs.append({position, QTextOption::LeftTab});
   QTextOption option = document()->defaultTextOption();
   option.setTabs(tabs);
   document()->setDefaultTextOption(option);
+}
+
+QSize ReportBox::sizeHint() const {
+  const QSize own = QPlainTextEdit::sizeHint();
+  return {preferred_size_.width() > 0 ? preferred_size_.width() : own.width(),
+          preferred_size_.height() > 0 ? preferred_size_.height() : own.height()};
 }
 
 }  // namespace velta::qt

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -13,6 +14,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QShortcutEvent>
+#include <QStyle>
 #include <algorithm>
 #include <optional>
 
@@ -156,11 +158,9 @@ class WindowSystem::TopView final : public WindowSystem::View {
     return system_.places_ != nullptr && window_.kind() == ui::WindowKind::kMain;
   }
 
-  /// The splash has no close box: a click or Esc does it.
+  /// The splash has no close box: a click or a key does it.
   static bool PutsAway(const QEvent& event) {
-    return event.type() == QEvent::MouseButtonRelease ||
-           (event.type() == QEvent::KeyPress &&
-            static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape);
+    return event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyPress;
   }
 };
 
@@ -234,9 +234,14 @@ class WindowSystem::ChildView final : public WindowSystem::View {
     constexpr int kSteps = 6;
     placed_ = true;
     if (sub_window_->isMaximized()) return;  // opens as large as the one before
+    LayOutHidden();
     const QSize area = system_.desktop_->viewport()->size();
-    const QSize size =
-        sub_window_->sizeHint().boundedTo(area).expandedTo(sub_window_->minimumSizeHint());
+    QSize wanted = sub_window_->sizeHint();
+    // A scroll bar takes its place beside what it scrolls.
+    if (wanted.height() > area.height()) {
+      wanted.rwidth() += sub_window_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    }
+    const QSize size = wanted.boundedTo(area).expandedTo(sub_window_->minimumSizeHint());
     const auto others = system_.desktop_->subWindowList();
     const auto visible = std::count_if(others.begin(), others.end(),
                                        [](const auto* other) { return other->isVisible(); });
@@ -245,6 +250,16 @@ class WindowSystem::ChildView final : public WindowSystem::View {
         QRect(QPoint(std::clamp(offset, 0, std::max(0, area.width() - size.width())),
                      std::clamp(offset, 0, std::max(0, area.height() - size.height()))),
               size));
+  }
+
+  /// The captions came while the form was hidden, when no layout hears of it: from the innermost
+  /// outwards they are told.
+  void LayOutHidden() {
+    const auto widgets = content_->findChildren<QWidget*>();
+    for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
+      if ((*widget)->layout() != nullptr) (*widget)->layout()->activate();
+      (*widget)->updateGeometry();
+    }
   }
 
   QMdiSubWindow* sub_window_;
