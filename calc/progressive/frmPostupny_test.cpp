@@ -84,6 +84,9 @@ class frmPostupnyTest : public ProgramTest {
   void EnterSampleInvoice() { EnterInvoice("10000", Day(2004, 1, 1), kPercentYearly, "10"); }
 
   Texts Rows(const ui::ListBox& list) const { return list.items(); }
+  std::vector<int> Marked() const {
+    return {form_->List1.index(), form_->List2.index(), form_->List3.index(), form_->List4.index()};
+  }
   const std::string& Balance() const { return form_->txtData[kTotal].text(); }
 
   /// Nothing has been recorded, in the lists, in the report and in the record.
@@ -1493,13 +1496,47 @@ TEST_F(frmPostupnyTest, RepoPrintsTheReportBoxLineForLine) {
   std::string text;
   for (const ui::PrintedLine& line : page.lines) text += line.text + "\r\n";
   std::string report = form_->txtPostup.text() + "\r\n";
-  // Every label but the last is 24 characters long, and so its tab eight wide; that one is 22.
+  // Every label but the last is 24 characters long, that one 22, and the values begin in column 33.
   for (std::size_t at = report.find('\t'); at != std::string::npos; at = report.find('\t')) {
     const bool total = report.compare(at - 6, 6, "celkem") == 0;
-    report.replace(at, 1, total ? 2 : 8, ' ');
+    report.replace(at, 1, total ? 10 : 8, ' ');
   }
   EXPECT_EQ(text, report);
   EXPECT_EQ(form_->List1.index(), -1) << "the rows are not gone through";
+}
+
+TEST_F(frmPostupnyTest, ARowThatIsPickedIsMarkedInAllLists) {
+  Open();
+  EnterSampleInvoice();
+  Pay(Day(2004, 1, 31), "5000");
+  Pay(Day(2004, 2, 1), "3000");
+  for (ui::ListBox* list : {&form_->List1, &form_->List2, &form_->List3, &form_->List4}) {
+    for (const int row : {0, 1}) {
+      list->UserPick(row);
+      EXPECT_THAT(Marked(), ElementsAre(row, row, row, row)) << list->name();
+    }
+  }
+  Pay(Day(2004, 2, 2), "1000");
+  EXPECT_THAT(Marked(), ElementsAre(1, 1, 1, 1)) << "a new payment marks nothing";
+  form_->cmdNovy.UserClick();
+  EXPECT_THAT(Marked(), ElementsAre(-1, -1, -1, -1));
+}
+
+TEST_F(frmPostupnyTest, APaymentOfManyHalfYearsIsMarkedByItsFirstRow) {
+  Open();
+  EnterInvoice("10000", Day(2006, 5, 10), kRepo, "");
+  Pay(Day(2006, 6, 10), "4000");  // one half-year: row 0 of the interest
+  Pay(Day(2006, 9, 1), "2500");   // two: rows 1 and 2
+  Pay(Day(2007, 1, 15), "3500");  // three: rows 3 to 5
+  ASSERT_EQ(form_->List4.items().size(), 6U);
+  form_->List1.UserPick(2);
+  EXPECT_THAT(Marked(), ElementsAre(2, 2, 2, 3));
+  form_->List4.UserPick(2);
+  EXPECT_THAT(Marked(), ElementsAre(1, 1, 1, 2)) << "the picked row stays";
+  form_->List4.UserPick(5);
+  EXPECT_THAT(Marked(), ElementsAre(2, 2, 2, 5));
+  form_->List3.UserPick(0);
+  EXPECT_THAT(Marked(), ElementsAre(0, 0, 0, 0));
 }
 
 TEST_F(frmPostupnyTest, CancelledPrintDialogIsReported) {

@@ -112,10 +112,12 @@ TEST(ProgressivePrintoutTest, NumbersAndDatesFollowTheLocale) {
   EXPECT_EQ(lines.back(), TotalLine("1,095.10 Kč"));
 }
 
-TEST(ProgressivePrintoutTest, RepoRegimePrintsTheReportAsItStands) {
+TEST(ProgressivePrintoutTest, RepoRegimePrintsTheReportAsItStandsWithItsValuesInOneColumn) {
   EXPECT_EQ(Printed(AtRate(RateKind::kRepo, 0, {Paid(102, 40'000'000, 95.1)}, 951'000),
-                    "Nadpis\r\n***\r\nPočet:\t10\r\n\r\n\tkonec"),
-            (Lines{"Nadpis", "***", "Počet:  10", "", "        konec"}));
+                    "Nadpis\r\n***\r\nÚrok z prodlení ode dne:\t1.7.2005\r\n\r\n"
+                    "Úrok z prodlení celkem\t50,00 Kč"),
+            (Lines{"Nadpis", "***", "Úrok z prodlení ode dne:        1.7.2005", "",
+                   "Úrok z prodlení celkem          50,00 Kč"}));
 }
 
 TEST(ProgressivePrintoutTest, LongPrintoutLosesNoPayment) {

@@ -16,10 +16,12 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -802,6 +804,35 @@ TEST_F(BinderTest, ReportValuesStandInOneColumnRightOfTheWidestLabel) {
   const QString wide(60, u'W');
   model_.txtReport.SetText("\tA\t1\r\n\t" + ToUtf8(wide) + "\t2\r\n");
   EXPECT_GT(stops()[1].position, stops()[0].position + metrics.horizontalAdvance(wide));
+}
+
+/// Where on the screen the text behind the last tab of each line begins.
+std::set<int> ValueColumns(ReportBox& box) {
+  std::set<int> columns;
+  for (QTextBlock line = box.document()->begin(); line.isValid(); line = line.next()) {
+    const auto tab = static_cast<int>(line.text().lastIndexOf(u'\t'));
+    if (tab < 0) continue;
+    QTextCursor cursor(line);
+    cursor.setPosition(line.position() + tab + 1);
+    columns.insert(box.cursorRect(cursor).left());
+  }
+  return columns;
+}
+
+TEST(ReportBoxTest, ValuesBehindOneTabAndBehindTwoMeetInOneColumn) {
+  ReportBox box;
+  box.setOneValueColumn(true);
+  box.resize(600, 400);
+  box.SetReport("Nadpis\n", {});
+  box.Append("Úrok z prodlení ode dne:\t1.1.2004\nPočet dnů prodlení:\t\t30\nCelkem\t41,10 Kč\n");
+  EXPECT_EQ(ValueColumns(box).size(), 1U);
+  const int column = *ValueColumns(box).begin();
+  box.Append("Ještě o něco delší označení řádku:\t1\n");
+  EXPECT_EQ(ValueColumns(box).size(), 1U);
+  EXPECT_GT(*ValueColumns(box).begin(), column);
+  box.SetReport("a\t1\n", {});
+  EXPECT_LT(*ValueColumns(box).begin(), column) << "a new report begins anew";
+  EXPECT_EQ(box.toPlainText(), "a\t1\n");
 }
 
 TEST(ReportBoxTest, WithoutTabStopsTheFontIsFixedPitch) {

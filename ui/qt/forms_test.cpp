@@ -15,10 +15,15 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -206,6 +211,32 @@ class MainFormTest : public ::testing::Test {
     return {list.row(list.itemAt(seen.topLeft())), list.row(list.itemAt(seen.bottomLeft()))};
   }
 
+  static QMdiSubWindow& SubWindowOf(const char* window) {
+    return *qobject_cast<QMdiSubWindow*>(Main().findChild<QWidget*>(window)->parentWidget());
+  }
+  /// The progressive window with rows in its lists, as many in that of interest as it says.
+  void FillPayments(int rows, int rows_of_interest) {
+    velta_.program().windows.Open("frmPostupny");
+    const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
+    for (const char* name : {"List1", "List2", "List3", "List4"}) {
+      const bool interest = std::string_view(name) == "List4";
+      for (int row = 0; row < (interest ? rows_of_interest : rows); ++row) {
+        dynamic_cast<ui::ListBox&>(*window.Find(name)).AddItem(std::to_string(row));
+      }
+    }
+    QTest::qWait(1);
+  }
+  /// The rightmost pixel of a row that is not of its ground.
+  static int LastInk(const QImage& picture, const QRect& row) {
+    const QColor ground = picture.pixelColor(row.topLeft() + QPoint(2, 2));
+    for (int x = row.right(); x > row.left(); --x) {
+      for (int y = row.top() + 1; y < row.bottom(); ++y) {
+        if (picture.pixelColor(x, y) != ground) return x;
+      }
+    }
+    return -1;
+  }
+
   ui::MemoryPlatform memory_;
   WindowSystem window_system_{memory_.locale};
   Velta velta_{memory_.platform(window_system_), {1, 0, 0, {}}};
@@ -248,18 +279,221 @@ TEST_F(MainFormTest, ToolbarIsAboveAndTheHintFillsTheStripBelow) {
 }
 
 TEST_F(MainFormTest, ColumnsOfPaymentsScrollAsOne) {
-  velta_.program().windows.Open("frmPostupny");
-  const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
-  for (const char* name : {"List1", "List2", "List3"}) {
-    for (int row = 0; row < 60; ++row) {
-      dynamic_cast<ui::ListBox&>(*window.Find(name)).AddItem(std::to_string(row));
+  FillPayments(60, 60);
+  for (const int row : {20, 35}) {
+    List("List3").scrollToItem(List("List3").item(row), QListWidget::PositionAtTop);
+    for (const char* name : {"List1", "List2", "List3", "List4"}) {
+      EXPECT_EQ(InView(List(name)).first, row) << name;
+      const bool is_last = std::string_view(name) == "List4";
+      EXPECT_EQ(List(name).verticalScrollBar()->isVisible(), is_last) << name;
     }
   }
+}
+
+TEST_F(MainFormTest, InterestOfManyHalfYearsScrollsByItself) {
+  FillPayments(30, 90);
+  List("List4").scrollToItem(List("List4").item(50), QListWidget::PositionAtTop);
+  EXPECT_EQ(InView(List("List4")).first, 50);
+  const int first = InView(List("List1")).first;
+  EXPECT_EQ(InView(List("List3")).first, first);
+  EXPECT_TRUE(List("List3").verticalScrollBar()->isVisible());
+  List("List3").scrollToTop();
+  EXPECT_EQ(InView(List("List1")).first, 0);
+  EXPECT_EQ(InView(List("List4")).first, 50);
+}
+
+TEST_F(MainFormTest, HeadingsOfPaymentsEndWhereTheirColumnsDo) {
+  FillPayments(60, 60);
+  const auto& heading = *Main().findChild<QLabel*>("lblPopis_9");
+  const QListWidget& list = List("List4");
+  EXPECT_EQ(heading.mapTo(&Main(), heading.contentsRect().topRight()).x(),
+            list.viewport()->mapTo(&Main(), list.viewport()->rect().topRight()).x());
+}
+
+TEST_F(MainFormTest, NumbersOfAColumnEndAtOneEdge) {
+  velta_.program().windows.Open("frmPostupny");
+  const ui::Window& window = *velta_.program().windows.Find("frmPostupny");
+  for (const char* text : {"10", "1234,50", "7770  "}) {
+    dynamic_cast<ui::ListBox&>(*window.Find("List1")).AddItem(text);
+  }
   QTest::qWait(1);
-  List("List3").scrollToItem(List("List3").item(20), QListWidget::PositionAtTop);
-  EXPECT_EQ(InView(List("List3")).first, 20);
-  EXPECT_EQ(InView(List("List1")).first, 20);
-  EXPECT_EQ(InView(List("List2")).first, 20);
+  const QListWidget& list = List("List1");
+  const QImage column = list.viewport()->grab().toImage();
+  std::set<int> edges;
+  for (int row = 0; row < 3; ++row) {
+    edges.insert(LastInk(column, list.visualItemRect(list.item(row))));
+  }
+  EXPECT_EQ(edges.size(), 1U);
+  EXPECT_GT(*edges.begin(), list.viewport()->width() - 14);
+  EXPECT_EQ(list.item(2)->text(), "7770  ") << "only the look is another";
+}
+
+/// Windows of the sizes that screens leave to the main window, in the units of a scaled desktop.
+struct Screen {
+  const char* name;
+  int width;
+  int height;
+  std::vector<std::string> windows;
+};
+
+class ScreenTest : public MainFormTest, public ::testing::WithParamInterface<Screen> {
+ protected:
+  ScreenTest() {
+    Main().showNormal();
+    Main().resize(GetParam().width, GetParam().height);
+    QTest::qWait(1);
+  }
+  QWidget& Open(const std::string& window) {
+    velta_.program().windows.Open(window);
+    QTest::qWait(1);
+    return *Main().findChild<QWidget*>(ToQString(window));
+  }
+};
+
+TEST_P(ScreenTest, ButtonsBelowAFormAreWhole) {
+  for (const std::string& window : GetParam().windows) {
+    const QWidget& form = Open(window);
+    const QWidget& area = *form.findChild<QWidget*>("layout_area");
+    int buttons = 0;
+    for (const auto* button : form.findChildren<QPushButton*>()) {
+      if (area.isAncestorOf(button)) continue;
+      ++buttons;
+      EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect())
+          << window << ": " << ToUtf8(button->objectName());
+    }
+    EXPECT_GE(buttons, 3) << window;
+    velta_.program().windows.Unload(window);
+  }
+}
+
+TEST_P(ScreenTest, WhatHasTheKeyboardIsInView) {
+  for (const std::string& window : GetParam().windows) {
+    QWidget& form = Open(window);
+    form.window()->activateWindow();
+    for (auto* line : form.findChildren<QLineEdit*>()) {
+      if (!line->isVisible() || !line->isEnabled()) continue;
+      line->setFocus();
+      EXPECT_EQ(line->visibleRegion().boundingRect(), line->rect())
+          << window << ": " << ToUtf8(line->objectName());
+    }
+    velta_.program().windows.Unload(window);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Screens, ScreenTest,
+    ::testing::Values(
+        Screen{
+            "1024x768", 1024, 708, {"frmJednotlivy", "frmPostupny", "frmFaktura", "frmNastaveni"}},
+        Screen{"1366x768at125",
+               1092,
+               566,
+               {"frmJednotlivy", "frmPostupny", "frmFaktura", "frmNastaveni"}},
+        Screen{"1366x768at150", 911, 472, {"frmJednotlivy", "frmPostupny", "frmNastaveni"}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(MainFormTest, NothingScrollsWhereTheScreenHasRoom) {
+  Main().showNormal();
+  Main().resize(1366, 708);
+  QTest::qWait(1);
+  for (const char* window : {"frmJednotlivy", "frmPostupny", "frmFaktura", "frmNastaveni"}) {
+    velta_.program().windows.Open(window);
+    QTest::qWait(1);
+    const auto& area = *Main().findChild<QWidget*>(window)->findChild<QScrollArea*>("layout_area");
+    EXPECT_FALSE(area.verticalScrollBar()->isVisible()) << window;
+    EXPECT_FALSE(area.horizontalScrollBar()->isVisible()) << window;
+    velta_.program().windows.Unload(window);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+TEST_F(MainFormTest, FieldsStayBesideTheirLabelsOnAWideScreen) {
+  constexpr int kFar = 150;
+  Main().showNormal();
+  Main().resize(1920, 1000);
+  for (const char* window : {"frmJednotlivy", "frmPostupny", "frmFaktura", "frmNastaveni"}) {
+    velta_.program().windows.Open(window);
+    SubWindowOf(window).showMaximized();
+    QTest::qWait(1);
+    for (const auto* label : Main().findChild<QWidget*>(window)->findChildren<QLabel*>()) {
+      const QWidget* field = label->buddy();
+      if (field == nullptr || qobject_cast<const QListWidget*>(field) != nullptr) continue;
+      const int text_end = label->mapTo(&Main(), QPoint(label->sizeHint().width(), 0)).x();
+      EXPECT_LT(field->mapTo(&Main(), QPoint()).x() - text_end, kFar)
+          << window << ": " << ToUtf8(label->text());
+    }
+    velta_.program().windows.Unload(window);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+/// A dark desktop, as long as it lives.
+class DarkDesktop {
+ public:
+  DarkDesktop() {
+    QPalette dark(QColor(0x30, 0x30, 0x30), QColor(0x28, 0x28, 0x28));
+    dark.setColor(QPalette::Link, kLink);
+    QApplication::setPalette(dark);
+  }
+  ~DarkDesktop() { QApplication::setPalette(before_); }
+  DarkDesktop(const DarkDesktop&) = delete;
+  DarkDesktop& operator=(const DarkDesktop&) = delete;
+
+  static constexpr QColor kLink{0x5d, 0xad, 0xe2};
+
+ private:
+  QPalette before_ = QApplication::palette();
+};
+
+TEST_F(MainFormTest, LinksHaveTheColourOfThePalette) {
+  const DarkDesktop dark;
+  velta_.program().windows.Open("frmAbout");
+  QTest::qWait(1);
+  for (const char* name : {"LblMailto", "Label8", "lblInternet"}) {
+    const QImage link = Main().findChild<QWidget*>(name)->grab().toImage();
+    bool found = false;
+    for (int y = 0; y < link.height(); ++y) {
+      for (int x = 0; x < link.width(); ++x) found |= link.pixelColor(x, y) == DarkDesktop::kLink;
+    }
+    EXPECT_TRUE(found) << name;
+  }
+}
+
+TEST_F(MainFormTest, TheInsideDoesNotGlareOnADarkDesktop) {
+  const auto brightest = [] {
+    const auto& desktop = *Main().findChild<QMdiArea*>();
+    const QImage inside = desktop.viewport()->grab().toImage().scaled(40, 40);
+    int most = 0;
+    for (int y = 0; y < inside.height(); ++y) {
+      for (int x = 0; x < inside.width(); ++x) {
+        most = std::max(most, inside.pixelColor(x, y).lightness());
+      }
+    }
+    return most;
+  };
+  EXPECT_GT(brightest(), 200);
+  const DarkDesktop dark;
+  QTest::qWait(1);
+  EXPECT_LT(brightest(), 80);
+}
+
+TEST_F(MainFormTest, TheInvoiceShowsWhatItCannotDoWithout) {
+  velta_.program().windows.Open("frmFaktura");
+  std::vector<int> required;
+  for (int i = 0; i < 15; ++i) {
+    const auto& field = *Main().findChild<QLineEdit*>(QStringLiteral("txtFaktura_%1").arg(i));
+    if (field.placeholderText() == "povinný údaj") required.push_back(i);
+  }
+  EXPECT_THAT(required, ::testing::ElementsAre(1, 2, 3, 14));
+}
+
+TEST_F(MainFormTest, ALineThatCanOnlyBeReadHasTheWindowsGround) {
+  velta_.program().windows.Open("frmFaktura");
+  const auto ground = [](const char* name) {
+    return Main().findChild<QLineEdit*>(name)->palette().color(QPalette::Base).alpha();
+  };
+  EXPECT_EQ(ground("txtTextFaktury"), 0);
+  EXPECT_EQ(ground("txtFaktura_8"), 255);
 }
 
 TEST_F(MainFormTest, TheTotalOfPaymentsIsReadToItsEnd) {

@@ -17,15 +17,10 @@ bool ListColumns::event(QEvent* event) {
 }
 
 void ListColumns::Connect() {
-  const auto lists = findChildren<TableColumn*>(Qt::FindDirectChildrenOnly);
-  const auto labels = findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
-  for (TableColumn* list : lists) {
-    columns_.append({list, nullptr});
-    for (QLabel* label : labels) {
-      if (label->buddy() == list) columns_.last().heading = label;
-    }
+  lists_ = findChildren<TableColumn*>(Qt::FindDirectChildrenOnly);
+  for (const TableColumn* list : lists_) {
     const QScrollBar* bar = list->verticalScrollBar();
-    for (TableColumn* other : lists) {
+    for (TableColumn* other : lists_) {
       connect(bar, &QScrollBar::valueChanged, other, [list, other](int value) {
         if (other->count() == list->count()) other->verticalScrollBar()->setValue(value);
       });
@@ -36,15 +31,18 @@ void ListColumns::Connect() {
 }
 
 void ListColumns::Arrange() {
-  for (qsizetype i = 0; i < columns_.size(); ++i) {
-    const auto& [list, heading] = columns_[i];
-    const bool has_bar = i + 1 == columns_.size() || columns_[i + 1].list->count() != list->count();
+  const auto labels = findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
+  for (qsizetype i = 0; i < lists_.size(); ++i) {
+    TableColumn* list = lists_[i];
+    const bool has_bar = i + 1 == lists_.size() || lists_[i + 1]->count() != list->count();
     const auto policy = has_bar ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
     if (policy != list->verticalScrollBarPolicy()) list->setVerticalScrollBarPolicy(policy);
     // A heading ends where its column does.
     const bool bar_is_shown = has_bar && list->verticalScrollBar()->maximum() > 0;
     const int bar = bar_is_shown ? list->verticalScrollBar()->sizeHint().width() : 0;
-    if (heading != nullptr) heading->setContentsMargins(0, 0, bar, 0);
+    for (QLabel* label : labels) {
+      if (label->buddy() == list) label->setContentsMargins(0, 0, bar, 0);
+    }
   }
 }
 

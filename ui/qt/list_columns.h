@@ -3,8 +3,6 @@
 #include <QFrame>
 #include <QList>
 
-class QLabel;
-
 namespace velta::qt {
 
 class TableColumn;
@@ -22,15 +20,10 @@ class ListColumns final : public QFrame {
   bool event(QEvent* event) override;
 
  private:
-  struct Column {
-    TableColumn* list;
-    QLabel* heading;  // null where there is none
-  };
-
   void Connect();
   void Arrange();
 
-  QList<Column> columns_;
+  QList<TableColumn*> lists_;
 };
 
 }  // namespace velta::qt

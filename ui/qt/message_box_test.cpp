@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -54,6 +56,18 @@ TEST_F(MessageBoxTest, ShowsRefusalsAsCritical) {
 TEST_F(MessageBoxTest, BreaksLinesAtEveryKindOfLineEnd) {
   Show(ui::Icon::kCritical, "a\rb\r\nc\nd",
        [](QMessageBox& box) { EXPECT_EQ(box.text(), "a\nb\nc\nd"); });
+}
+
+TEST_F(MessageBoxTest, DoesNotTearAnAmountFromItsCurrency) {
+  const char* text =
+      "Maximální hodnota proměnné typu měna je 922 337 203 685 477,58 Kč\r\n pro větší";
+  Show(ui::Icon::kCritical, text, [](QMessageBox& box) {
+    QCoreApplication::processEvents();
+    const auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
+    EXPECT_GE(label.width(), label.fontMetrics().size(0, label.text()).width());
+    EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+    EXPECT_FALSE(box.text().contains(QChar::Nbsp));
+  });
 }
 
 TEST_F(MessageBoxTest, TakesTheTextAsItStands) {

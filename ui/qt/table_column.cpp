@@ -25,6 +25,13 @@ QFont WithEqualFigures(const QFont& font) {
   return fixed;
 }
 
+/// What of a row is shown: all of it, or the texts before and behind its tabs.
+QStringList Cells(const QString& row) {
+  const qsizetype tab = row.indexOf(u'\t');
+  if (tab < 0) return {row.trimmed()};
+  return {row.first(tab).trimmed(), row.sliced(tab).trimmed()};
+}
+
 class RowDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -38,18 +45,17 @@ class RowDelegate final : public QStyledItemDelegate {
     row.text.clear();
     const QWidget& list = *row.widget;
     list.style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, &list);
-    const QString text = index.data().toString();
     const bool selected = (row.state & QStyle::State_Selected) != 0;
     const auto draw = [&](const QString& cell, Qt::Alignment side) {
       list.style()->drawItemText(painter, row.rect.adjusted(kPadding, 0, -kPadding, 0),
-                                 static_cast<int>(side | Qt::AlignVCenter), row.palette, true,
-                                 cell.trimmed(),
+                                 static_cast<int>(side | Qt::AlignVCenter), row.palette, true, cell,
                                  selected ? QPalette::HighlightedText : QPalette::Text);
     };
     painter->save();
     painter->setFont(row.font);
-    draw(text.section(u'\t', 0, 0), numeric ? Qt::AlignRight : Qt::AlignLeft);
-    if (text.contains(u'\t')) draw(text.section(u'\t', -1), Qt::AlignRight);
+    const QStringList cells = Cells(index.data().toString());
+    draw(cells.front(), numeric ? Qt::AlignRight : Qt::AlignLeft);
+    if (cells.size() > 1) draw(cells.back(), Qt::AlignRight);
     painter->restore();
   }
 
@@ -62,6 +68,7 @@ class RowDelegate final : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = Cells(option->text).join(u"  ");  // as it is measured
     option->font = WithEqualFigures(option->font);
   }
 };
@@ -77,15 +84,17 @@ void TableColumn::setNumeric(bool numeric) {
 }
 
 QSize TableColumn::sizeHint() const {
-  const QSize least = minimumSizeHint();
-  const int usual = fontMetrics().horizontalAdvance(QStringLiteral("000 000 000,00 Kč"));
-  return {std::max(least.width(), usual), 10 * fontMetrics().lineSpacing()};
+  const int amount = fontMetrics().horizontalAdvance(QStringLiteral("000 000 000,00 Kč"));
+  return {std::max(amount, minimumSizeHint().width()), HeightOf(rows_in_view_)};
 }
 
 QSize TableColumn::minimumSizeHint() const {
-  const int date = fontMetrics().horizontalAdvance(QStringLiteral("30.12.2000"));
-  const int around = 2 * (frameWidth() + spacing());
-  return {std::max(date + 2 * kPadding, widest_) + around, 3 * fontMetrics().lineSpacing()};
+  const int width = std::max(4 * fontMetrics().lineSpacing(), widest_);
+  return {width + 2 * (frameWidth() + spacing()), HeightOf(std::min(rows_in_view_, 3))};
+}
+
+int TableColumn::HeightOf(int rows) const {
+  return rows * (fontMetrics().lineSpacing() + 2 * spacing()) + 2 * frameWidth();
 }
 
 void TableColumn::reset() {

@@ -14,6 +14,8 @@ class TableColumn final : public QListWidget {
 
   /// Rows are numbers: they end at the right edge, one below the other. For the form to set.
   void setNumeric(bool numeric);
+  /// How many rows are seen where there is room for them. For the form to set.
+  void setRowsInView(int rows) { rows_in_view_ = rows; }
 
   QSize sizeHint() const override;
   /// So wide that no row is cut off.
@@ -24,6 +26,9 @@ class TableColumn final : public QListWidget {
   void rowsInserted(const QModelIndex& parent, int start, int end) override;
 
  private:
+  int HeightOf(int rows) const;
+
+  int rows_in_view_ = 10;
   int widest_ = 0;  // row, in pixels
 };
 
