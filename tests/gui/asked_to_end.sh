@@ -46,7 +46,7 @@ quietly "$1"
 open_main_window
 press alt+v
 wait_until "a menu is open" is_open popup
-ask_to_end INT "with a menu open"
+ask_to_end TERM "with a menu open"
 
 quietly "$1"
 open_main_window

@@ -2,12 +2,21 @@
 # places.sh PROGRAM PICTURES
 # The windows come back where the user left them, start after start, and nothing of it is in the settings.
 source "$(dirname "$0")/desktop.sh" "$2"
+need_tools xwininfo
 start_desktop
 folder=$XDG_CONFIG_HOME/velta
 
-main_place() { xdotool getwindowgeometry "$(open_windows main)" | sed -n 's/ (screen.*//; s/^  //p' | paste -sd ' '; }
+# main_place: left edge, upper edge, width and height
+main_place() {
+  xwininfo -id "$(open_windows main)" | sed -nE 's/^ +(Absolute.*|Width|Height): +//p' | paste -sd ' '
+}
 is_maximised() { xprop -id "$(open_windows main)" _NET_WM_STATE | grep -q MAXIMIZED_VERT; }
 is_not_maximised() { ! is_maximised; }
+double_click_title() {
+  local left top
+  read -r left top _ <<<"$(main_place)"
+  xdotool mousemove $((left + 200)) $((top - 8)) click --repeat 2 --delay 50 1
+}
 end() {
   press alt+F4
   expect_exit "the end" 0
@@ -16,8 +25,8 @@ end() {
 start_velta "$1"
 open_main_window
 settings=$(<"$folder/velta.ini")
-xdotool windowsize --sync "$(open_windows main)" 840 610
-xdotool windowmove --sync "$(open_windows main)" 123 77
+xdotool windowsize --sync "$(open_windows main)" 1130 740
+xdotool windowmove --sync "$(open_windows main)" 63 47
 sleep 0.5
 place=$(main_place)
 picture 1-moved
@@ -32,27 +41,29 @@ done
 
 start_velta "$1"
 open_main_window
-press super+Up  # no key of the window manager's: nothing happens
-wmctrl -i -r "$(open_windows main)" -b add,maximized_vert,maximized_horz
+double_click_title
 wait_until "the window is maximised" is_maximised
 end
 start_velta "$1"
 open_main_window
 wait_until "the window is maximised again" is_maximised
 picture 2-maximised
-wmctrl -i -r "$(open_windows main)" -b remove,maximized_vert,maximized_horz
+double_click_title
 wait_until "the window is not maximised" is_not_maximised
 expect "the place before" "$place" main_place
 end
 
-# A window inside the main window: dragged by its title, then as large as there is room for.
+# A window inside the main window, dragged by its title.
 start_velta "$1"
 open_main_window
 open_calculation
-press alt+minus
-wait_until "the window's own menu is open" is_open popup
-press s  # Přesunout
-press Right Right Right Down Down Return
+read -r left top _ <<<"$(main_place)"
+xdotool mousemove $((left + 150)) $((top + 80)) mousedown 1
+for step in 20 40 60; do
+  xdotool mousemove $((left + 150 + step)) $((top + 80 + step / 2))
+  sleep 0.1
+done
+xdotool mouseup 1
 sleep 0.3
 picture 3-child-moved
 end

@@ -1,12 +1,15 @@
 #include "ui/qt/settings_store.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <array>
 #include <string>
 
 #include "ui/qt/text.h"
@@ -129,6 +132,41 @@ TEST_F(SettingsStoreTest, FailedWriteLeavesTheOldValue) {
   std::optional<std::string> value;
   (void)store_.Read(kApplication, kSection, "Nazev", value);
   EXPECT_NE(value, "new");
+}
+
+/// A second instance of the program: writes keys of its own and one that both write.
+pid_t StartWriter(const std::string& own_key) {
+  constexpr int kTimes = 25;
+  const pid_t writer = fork();
+  if (writer != 0) return writer;
+  SettingsStore store;
+  bool ok = true;
+  for (int i = 1; i <= kTimes; ++i) {
+    const std::string number = std::to_string(i);
+    ok = store.Write(kApplication, kSection, own_key + number, "hodnota " + number) &&
+         store.Write(kApplication, kSection, "Nazev", own_key + " " + number) && ok;
+  }
+  _exit(ok ? 0 : 1);
+}
+
+TEST_F(SettingsStoreTest, TwoInstancesAtOnceLoseAndGarbleNothing) {
+  ASSERT_TRUE(store_.Write(kApplication, kSection, "Obec", "Brno"));
+  const std::array writers = {StartWriter("A"), StartWriter("B")};
+  for (const pid_t writer : writers) {
+    int status = -1;
+    ASSERT_EQ(waitpid(writer, &status, 0), writer);
+    EXPECT_EQ(status, 0);
+  }
+  NextRun();
+  for (int i = 1; i <= 25; ++i) {
+    const std::string number = std::to_string(i);
+    for (const std::string& key : {"A" + number, "B" + number}) {
+      EXPECT_EQ(Read(key.c_str(), "later"), "hodnota " + number) << key;
+    }
+  }
+  EXPECT_EQ(Read("Obec", "later"), "Brno");
+  const auto name = Read("Nazev", "later");
+  EXPECT_TRUE(name == "A 25" || name == "B 25") << name.value_or("none");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -226,43 +227,79 @@ TEST_F(HelpViewerTest, OnlyTheMakersPagesOpenInTheBrowser) {
   EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
 }
 
-TEST_F(HelpViewerTest, FindGoesThroughThePageRoundItsEnd) {
+TEST_F(HelpViewerTest, FindGoesRoundTheOnlyPageThatHasTheText) {
   HelpWindow& window = OpenTopic(70);
   QTextBrowser& page = Page(window);
   auto& text = Find<QLineEdit>(window, "txtFind");
-  auto& not_found = Find<QLabel>(window, "lblNotFound");
-  const auto found = [&] { return page.textCursor().selectedText(); };
   const auto position = [&] { return page.textCursor().selectionStart(); };
 
   QTest::keyClick(&page, Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(QApplication::focusWidget(), &text);
-  text.setText("kalendáři");
+  text.setText("ze smlouvy");
   QTest::keyClick(&text, Qt::Key_Return);
-  EXPECT_EQ(found(), "kalendáři");
-  const int only = position();
-  QTest::keyClick(&text, Qt::Key_Return);
-  EXPECT_EQ(position(), only) << "round the end to the only one";
-
-  text.setText("smlouvy");
-  QTest::keyClick(&page, Qt::Key_F3);
   const int first = position();
-  QTest::keyClick(&page, Qt::Key_F3);
+  QTest::keyClick(&text, Qt::Key_Return);
   const int second = position();
   EXPECT_LT(first, second);
+  EXPECT_EQ(page.textCursor().selectedText(), "ze smlouvy");
+  QTest::keyClick(&page, Qt::Key_F3);
+  EXPECT_EQ(position(), first) << "round the end";
   QTest::keyClick(&page, Qt::Key_F3, Qt::ShiftModifier);
-  EXPECT_EQ(position(), first);
-  Find<QPushButton>(window, "cmdPrevious").click();
   EXPECT_EQ(position(), second) << "round the start";
+  Find<QPushButton>(window, "cmdPrevious").click();
+  EXPECT_EQ(position(), first);
+  EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
+}
+
+TEST_F(HelpViewerTest, FindGoesThroughAllPagesAndNeedsNoAccents) {
+  HelpWindow& window = OpenTopic(70);
+  QTextBrowser& page = Page(window);
+  Find<QLineEdit>(window, "txtFind").setText("DANOVY");
+  EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html") << "typing leads nowhere yet";
+  const auto next = [&](Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&page, Qt::Key_F3, modifiers);
+    EXPECT_EQ(page.textCursor().selectedText(), "daňový");
+    EXPECT_EQ(Current(window), page.documentTitle());
+    return window.page();
+  };
+  EXPECT_EQ(next(), "/penalizacni-faktura.html");
+  EXPECT_EQ(next(), "/otazky.html");
+  EXPECT_EQ(next(), "/penalizacni-faktura.html") << "round the end";
+  EXPECT_EQ(next(Qt::ShiftModifier), "/otazky.html") << "round the start";
+  EXPECT_EQ(next(Qt::ShiftModifier), "/penalizacni-faktura.html");
+}
+
+TEST_F(HelpViewerTest, ContentsShowThePagesThatHaveTheText) {
+  HelpWindow& window = OpenTopic(70);
+  auto& text = Find<QLineEdit>(window, "txtFind");
+  auto& not_found = Find<QLabel>(window, "lblNotFound");
+  const auto shown = [&] {
+    QStringList titles;
+    ForEachItem(window, [&](QTreeWidgetItem* item) {
+      if (!item->isHidden()) titles.append(item->text(0));
+    });
+    return titles;
+  };
+  const QStringList all = shown();
+  text.setText("danovy");
+  EXPECT_EQ(shown().filter(QRegularExpression("^(Penalizační faktura|Otázky a odpovědi)$")).size(),
+            2);
+  EXPECT_LT(shown().size(), 6) << shown().join(", ").toStdString();
   EXPECT_EQ(not_found.text(), "");
 
   text.setText("žirafa");
-  Find<QPushButton>(window, "cmdNext").click();
+  EXPECT_EQ(shown(), QStringList());
   EXPECT_EQ(not_found.text(), "Nenalezeno");
-  EXPECT_EQ(position(), second);
+  Find<QPushButton>(window, "cmdNext").click();
+  Find<QPushButton>(window, "cmdPrevious").click();
+  EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
+  EXPECT_FALSE(Page(window).textCursor().hasSelection());
+
   text.setText("");
+  EXPECT_EQ(shown(), all);
   EXPECT_EQ(not_found.text(), "");
   Find<QPushButton>(window, "cmdNext").click();
-  EXPECT_EQ(not_found.text(), "");
+  EXPECT_FALSE(Page(window).textCursor().hasSelection());
 }
 
 TEST_F(HelpViewerTest, LettersGrowAndShrink) {

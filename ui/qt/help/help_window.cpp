@@ -64,7 +64,7 @@ void HelpWindow::Wire() {
           [this] { ui_->page->setSource(HelpPage::AddressOf(file_->home())); });
   connect(ui_->cmdLarger, &QPushButton::clicked, page, [this] { ui_->page->zoomIn(); });
   connect(ui_->cmdSmaller, &QPushButton::clicked, page, [this] { ui_->page->zoomOut(); });
-  connect(ui_->txtFind, &QLineEdit::textChanged, ui_->lblNotFound, &QLabel::clear);
+  connect(ui_->txtFind, &QLineEdit::textChanged, this, &HelpWindow::ShowPagesWithText);
   connect(ui_->txtFind, &QLineEdit::returnPressed, this, [this] { Find(false); });
   connect(ui_->cmdNext, &QPushButton::clicked, this, [this] { Find(false); });
   connect(ui_->cmdPrevious, &QPushButton::clicked, this, [this] { Find(true); });
@@ -101,17 +101,54 @@ void HelpWindow::ShowInContents(const QUrl& address) {
   }
 }
 
-/// Goes on from the last find, round the page's end.
+void HelpWindow::ShowPagesWithText() {
+  const QString text = Folded(ui_->txtFind->text());
+  bool found = false;
+  for (QTreeWidgetItemIterator item(ui_->contents); *item != nullptr; ++item) {
+    const QUrl page = (*item)->data(0, kPageRole).toUrl();
+    const bool has_text = text.isEmpty() || (!page.isEmpty() && search_.IsOnPage(text, page));
+    (*item)->setHidden(!has_text);
+    for (auto* above = (*item)->parent(); has_text && above != nullptr; above = above->parent()) {
+      above->setHidden(false);
+    }
+    found = found || has_text;
+  }
+  ui_->lblNotFound->setText(found ? QString() : "Nenalezeno");
+}
+
+/// Goes on from the last find, then on the next page that has the text, round the help's end.
 void HelpWindow::Find(bool backwards) {
-  const QString text = ui_->txtFind->text();
+  const QString text = Folded(ui_->txtFind->text());
   if (text.isEmpty()) return;
-  const auto flags = backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-  if (ui_->page->find(text, flags)) return;
-  const QTextCursor was = ui_->page->textCursor();
-  ui_->page->moveCursor(backwards ? QTextCursor::End : QTextCursor::Start);
-  if (ui_->page->find(text, flags)) return;
-  ui_->page->setTextCursor(was);
-  ui_->lblNotFound->setText("Nenalezeno");
+  const QTextCursor cursor = ui_->page->textCursor();
+  if (FindOnPage(text, backwards ? cursor.selectionStart() - 1 : cursor.selectionEnd(),
+                 backwards)) {
+    return;
+  }
+  const QUrl here = ui_->page->source().adjusted(QUrl::RemoveFragment);
+  QList<QUrl> pages;  // this one, and those that have the text
+  for (QTreeWidgetItemIterator item(ui_->contents); *item != nullptr; ++item) {
+    const QUrl page = (*item)->data(0, kPageRole).toUrl();
+    if (page == here || (!page.isEmpty() && !(*item)->isHidden())) pages.append(page);
+  }
+  const qsizetype step = backwards ? pages.size() - 1 : 1;
+  const QUrl next = pages.value((pages.indexOf(here) + step) % pages.size());
+  if (next != here) ui_->page->setSource(next);
+  FindOnPage(text, backwards ? ui_->page->document()->characterCount() - 1 : 0, backwards);
+}
+
+/// Marks the first find from there on, or the last one that begins there or before.
+bool HelpWindow::FindOnPage(const QString& text, qsizetype from, bool backwards) {
+  const QString page = Folded(ui_->page->toPlainText());
+  if (from < 0) return false;
+  const qsizetype found = backwards ? page.lastIndexOf(text, from) : page.indexOf(text, from);
+  if (found < 0) return false;
+  QTextCursor cursor(ui_->page->document());
+  cursor.setPosition(static_cast<int>(found));
+  cursor.setPosition(static_cast<int>(found + text.size()), QTextCursor::KeepAnchor);
+  ui_->page->setTextCursor(cursor);
+  ui_->page->ensureCursorVisible();
+  return true;
 }
 
 }  // namespace velta::qt

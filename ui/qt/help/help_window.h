@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "ui/qt/help/chm_file.h"
+#include "ui/qt/help/help_search.h"
 
 class QTreeWidgetItem;
 
@@ -14,7 +15,8 @@ class HelpWindow;
 
 namespace velta::qt {
 
-/// A window with the help: the contents tree and the page. It goes when it is closed.
+/// A window with the help: the contents tree and the page. While there is a text to be found, the
+/// tree shows the pages that have it. The window goes when it is closed.
 class HelpWindow final : public QWidget {
   Q_OBJECT
 
@@ -31,9 +33,12 @@ class HelpWindow final : public QWidget {
   void Wire();
   void WireKeys();
   void ShowInContents(const QUrl& address);
+  void ShowPagesWithText();
   void Find(bool backwards);
+  bool FindOnPage(const QString& text, qsizetype from, bool backwards);
 
   std::unique_ptr<ChmFile> file_;
+  HelpSearch search_{*file_};
   std::unique_ptr<Ui::HelpWindow> ui_;
 };
 
