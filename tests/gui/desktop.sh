@@ -27,6 +27,7 @@ trap leave_desktop EXIT
 # fail TEXT
 fail() {
   echo "FAILED: $1" >&2
+  cat "$scratch/program_errors" >&2 2>/dev/null || true
   if import -window root "$pictures/failed.png" 2>/dev/null; then
     echo "The screen: $pictures/failed.png" >&2
   fi
@@ -109,19 +110,20 @@ start_desktop() {
 
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
 
-# start_velta PROGRAM: up to its splash at least
+# start_velta PROGRAM: up to its splash at least. What it writes to standard error is kept for expect_exit.
 start_velta() {
-  env -u LANGUAGE -u WAYLAND_DISPLAY LC_ALL=cs_CZ.UTF-8 QT_QPA_PLATFORM=xcb "$1" &
+  env -u LANGUAGE -u WAYLAND_DISPLAY LC_ALL=cs_CZ.UTF-8 QT_QPA_PLATFORM=xcb "$1" 2>"$scratch/program_errors" &
   program_pid=$!
 }
 
-# expect_exit WHAT CODE: the program ends by itself, with this exit code.
+# expect_exit WHAT CODE: the program ends by itself, with this exit code, and has written nothing to standard error.
 expect_exit() {
   local code=0
   wait_until "$1: the program has ended" program_has_ended
   wait "$program_pid" || code=$?
   program_pid=""
   [[ $code == "$2" ]] || fail "$1: exit code $code instead of $2"
+  [[ ! -s $scratch/program_errors ]] || fail "$1: the program has written to standard error"
 }
 
 program_runs() { kill -0 "$program_pid"; }

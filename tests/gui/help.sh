@@ -37,6 +37,14 @@ sleep 0.3
 picture 4-found
 press alt+Left
 expect "the page before" "$single_page" help_titles
+press ctrl+f
+type_text danovy
+sleep 0.3
+picture 5-pages-with-the-word
+press Return
+expect "the next page with the word" "Penalizační faktura – $start_page" help_titles
+sleep 0.3
+picture 6-found-without-accents
 press Escape
 wait_until "the help is closed" is_closed help
 
@@ -58,7 +66,7 @@ open_main_window
 menu n o
 wait_until "the program cannot read its help" is_open box
 sleep 0.3
-picture 5-damaged
+picture 7-damaged
 answer_box
 stays "there is no help window" is_closed help
 press alt+F4
