@@ -63,6 +63,8 @@ void frmNastaveni::MakePages() {
 void frmNastaveni::WireEvents() {
   for (std::size_t page = 0; page < optFramy.size(); ++page) {
     OnClick(optFramy.at(page), [this, page] { ShowPage(page); });
+    // It is shown already, but its first box gets the keyboard.
+    OnClickAgain(optFramy.at(page), [this, page] { ShowPage(page); });
   }
   for (std::size_t i = 0; i < optZaok.size(); ++i) {
     OnClick(optZaok.at(i),

@@ -39,8 +39,8 @@ class frmNastaveni final : public Form {
   std::array<ui::Label, 3> lblRepo = ui::ControlArray<ui::Label, 3>(*this, "lblRepo");
   ui::ListBox lstRepo{*this, "lstRepo"};
   ui::Button cmdRepoAkt{*this, "cmdRepoAkt"};
-  ui::Button cmdNapoveda{*this, "cmdNapoveda"};
   ui::Button cmdPouzit{*this, "cmdPouzit"};
+  ui::Button cmdNapoveda{*this, "cmdNapoveda"};
   ui::Button cmdKonec{*this, "cmdKonec"};
 
  private:

@@ -219,6 +219,22 @@ TEST_F(frmNastaveniTest, EachButtonShowsItsPageAlone) {
   }
 }
 
+TEST_F(frmNastaveniTest, ClickOnThePageThatIsShownLeadsToItsFirstBox) {
+  frmNastaveni& window = Open();
+  window.optFramy[0].SetFocus();
+  EXPECT_TRUE(window.optFramy[0].UserClick());
+  EXPECT_THAT(VisiblePages(window), ElementsAre("fraFaktura"));
+  EXPECT_EQ(window.focused(), &window.Text1);
+}
+
+TEST_F(frmNastaveniTest, ClickOnTheRoundingThatIsChosenStoresNothing) {
+  frmNastaveni& window = Open();
+  ui::OptionButton& chosen = window.optZaok.at(static_cast<std::size_t>(Chosen(window.optZaok)));
+  memory_.settings_store.fails = true;
+  EXPECT_TRUE(chosen.UserClick());
+  EXPECT_THAT(Shown(), IsEmpty()) << "nothing was written that could fail";
+}
+
 TEST_F(frmNastaveniTest, WhatStandsOnAHiddenPageCannotBeReached) {
   frmNastaveni& window = Open();
   EXPECT_FALSE(window.txtfields[0].UserEdit("x"));
@@ -256,12 +272,12 @@ TEST_F(frmNastaveniTest, TabGoesThroughTheShownPageAndTheButtons) {
     } while (window.focused() != first);
     return stops;
   };
-  EXPECT_THAT(round(), ElementsAre("Text1", "Text2(0)", "Text2(1)", "Text2(2)", "cmdNapoveda",
-                                   "cmdPouzit", "cmdKonec", "optFramy(0)", "optZaok(0)"));
+  EXPECT_THAT(round(), ElementsAre("Text1", "Text2(0)", "Text2(1)", "Text2(2)", "cmdPouzit",
+                                   "cmdNapoveda", "cmdKonec", "optFramy(0)", "optZaok(0)"));
   window.optFramy[1].UserClick();
   EXPECT_THAT(round(), ElementsAre("txtfields(0)", "txtfields(1)", "txtfields(2)", "txtfields(3)",
                                    "txtfields(4)", "txtfields(5)", "txtfields(6)", "txtfields(7)",
-                                   "cmdNapoveda", "cmdPouzit", "cmdKonec", "optFramy(1)"));
+                                   "cmdPouzit", "cmdNapoveda", "cmdKonec", "optFramy(1)"));
 }
 
 TEST_F(frmNastaveniTest, EnterInTheInvoiceTextsMovesOn) {
@@ -275,7 +291,7 @@ TEST_F(frmNastaveniTest, EnterInTheInvoiceTextsMovesOn) {
     line->UserKey(letter);
     EXPECT_EQ(letter.text, "p");
   }
-  EXPECT_EQ(window.focused(), &window.cmdNapoveda);
+  EXPECT_EQ(window.focused(), &window.cmdPouzit);
 }
 
 TEST_F(frmNastaveniTest, EnterInTheFirmsDataDoesNotMoveOn) {

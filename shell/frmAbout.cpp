@@ -7,6 +7,7 @@
 namespace velta {
 
 frmAbout::frmAbout(Program& program) : Form(program, "frmAbout") {
+  SetClosesByEsc();
   OnClick(LblMailto, [this] { OpenMail(program_, kSupportMail); });
   OnClick(Label8, [this] { OpenWeb(program_, kSupportPage); });
   OnClick(lblInternet, [this] { OpenWeb(program_, kHomePage); });

@@ -35,6 +35,8 @@ TEST_F(frmAboutTest, OpensWithItsCaptions) {
   EXPECT_THAT(Shown(), IsEmpty());
 }
 
+TEST_F(frmAboutTest, EscClosesIt) { EXPECT_TRUE(Open().closes_by_esc()); }
+
 TEST_F(frmAboutTest, ShowsTheVersionWithoutBlanks) {
   program_.info = {2, 1, 7, {}};
   EXPECT_EQ(Open().Label2.caption(), "Verze 2.1.7");

@@ -17,6 +17,7 @@ constexpr const char* kName = "Historie verzí";
 }  // namespace
 
 frmHistory::frmHistory(Program& program) : Form(program, "frmHistory") {
+  SetClosesByEsc();
   txtHistory.SetReadOnly();
   OnClick(cmdTisk, [this] { cmdTisk_Click(); });
   OnClick(cmdKonec, [this] { Close(); });

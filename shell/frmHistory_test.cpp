@@ -38,6 +38,8 @@ class frmHistoryTest : public ProgramTest {
   RateFolder folder_;
 };
 
+TEST_F(frmHistoryTest, EscClosesIt) { EXPECT_TRUE(Open().closes_by_esc()); }
+
 TEST_F(frmHistoryTest, ShowsTheWholeFileToReadOnly) {
   const std::string kText = "Verze 1.0.0\r\n\r\n\tprvní žluťoučký řádek\r\nposlední bez konce";
   folder_.Write("HISTORY.TXT", kText);

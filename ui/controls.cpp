@@ -161,7 +161,10 @@ void OptionButton::Choose() {
 
 bool OptionButton::UserClick() {
   if (!open_to_user()) return false;
-  if (value_) return true;
+  if (value_) {
+    ClickAgain.Raise();
+    return true;
+  }
   Choose();
   Click.Raise();
   return true;

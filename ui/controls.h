@@ -324,12 +324,13 @@ class OptionButton final : public CaptionedControl {
   /// Chooses this option in place of the one chosen so far; raises no Click.
   void Choose();
 
-  /// The user chooses the option; where it is the chosen one already nothing happens.
+  /// The user chooses the option: Click. Where it is the chosen one already: ClickAgain.
   bool UserClick();
 
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
   Event<> Click;
+  Event<> ClickAgain;
 
  protected:
   bool takes_focus() const override { return true; }

@@ -238,9 +238,13 @@ TEST_F(OptionsTest, AtMostOneOfAGroupIsChosen) {
   EXPECT_EQ(clicked_, std::vector<std::string>{}) << "the program chose";
 }
 
-TEST_F(OptionsTest, UsersChoiceIsOneClickAndTheNextOneNone) {
+TEST_F(OptionsTest, UsersChoiceIsOneClickAndTheNextOneAnother) {
+  int again = 0;
+  zaok_[1].ClickAgain.Connect([&again] { ++again; });
   EXPECT_TRUE(zaok_[1].UserClick());
+  EXPECT_EQ(again, 0);
   EXPECT_TRUE(zaok_[1].UserClick());
+  EXPECT_EQ(again, 1);
   EXPECT_EQ(Chosen(), std::vector<int>{1});
   EXPECT_EQ(clicked_, std::vector<std::string>{"optZaok(1)"});
   zaok_[0].SetEnabled(false);

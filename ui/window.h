@@ -37,6 +37,10 @@ class Window {
   bool busy() const { return busy_; }
   void SetBusy(bool busy);
 
+  /// Esc closes the window as its close box does: for windows in which nothing is typed.
+  bool closes_by_esc() const { return closes_by_esc_; }
+  void SetClosesByEsc() { closes_by_esc_ = true; }
+
   /// The controls in reading order.
   const std::vector<Control*>& controls() const { return controls_; }
   /// Moves these controls to the front of the reading order: where it is not the order of
@@ -74,6 +78,7 @@ class Window {
   EventLoop& event_loop_;
   std::string caption_;
   bool busy_ = false;
+  bool closes_by_esc_ = false;
   std::vector<Control*> controls_;
   Control* focused_ = nullptr;
 };

@@ -40,6 +40,10 @@ class Form : public ui::Window {
   void OnClick(C& control, Handler handler) {
     On(control.Click, Procedure(control, "_Click"), std::move(handler));
   }
+  template <class Handler>
+  void OnClickAgain(ui::OptionButton& option, Handler handler) {
+    On(option.ClickAgain, Procedure(option, "_Click"), std::move(handler));
+  }
   template <class C, class Handler>
   void OnChange(C& control, Handler handler) {
     On(control.Change, Procedure(control, "_Change"), std::move(handler));

@@ -71,7 +71,7 @@ class MemoryDriver final : public Driver {
   bool Pick(ui::OptionButton& option) override {
     if (!IsOpenToUser(option)) return false;
     MoveFocus(option);
-    option.UserClick();
+    if (!option.value()) option.UserClick();
     return true;
   }
 

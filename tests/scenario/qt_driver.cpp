@@ -404,7 +404,8 @@ bool QtDriver::Pick(ui::ListControl& list, int index) {
 bool QtDriver::Pick(ui::OptionButton& option) {
   if (!IsOpenToUser(option)) return false;
   MoveFocus(option);
-  PressKeyOn(&WidgetOf(option), Qt::Key_Space);
+  auto& button = static_cast<QAbstractButton&>(WidgetOf(option));
+  if (!button.isChecked()) PressKeyOn(&button, Qt::Key_Space);
   SettleWidgets();
   return true;
 }

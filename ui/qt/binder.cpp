@@ -139,7 +139,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       // Only where the user led the keyboard; a window that comes to the front is not such an act.
       // From a widget that gets hidden with its window Qt goes on as by Tab, to one just as hidden.
-      if (static_cast<QWidget*>(watched)->isVisible() &&
+      if (!focus_held_ && static_cast<QWidget*>(watched)->isVisible() &&
           IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
         const QScopedValueRollback leading(user_leads_, true);
         controls_.value(watched)->SetFocus();

@@ -31,6 +31,8 @@ class Binder final : public QObject, private ui::ControlVisitor {
   /// The same after the model's focus has moved: what a box holds is marked as Tab does it, so that
   /// typing replaces it. Where the user led the keyboard there is nothing to follow.
   void FollowFocus();
+  /// While held, wherever the keyboard goes is not the user's way.
+  void HoldFocus(bool held) { focus_held_ = held; }
 
   /// From now on the user's acts are no longer written into the model.
   void StopListening() { listening_ = false; }
@@ -79,6 +81,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   QHash<QString, QButtonGroup*> options_;  // by the name of their array
   bool listening_ = true;
   bool user_leads_ = false;
+  bool focus_held_ = false;
 };
 
 }  // namespace velta::qt

@@ -21,6 +21,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -38,6 +39,7 @@ namespace velta::qt {
 namespace {
 
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 /// Every window of the program on real widgets, the rest of the platform in memory. A control that
 /// has no widget in its form ends the program when the window opens.
@@ -150,6 +152,44 @@ TEST_P(FormsTest, EveryInputHasANameForThoseWhoDoNotSeeIt) {
   });
 }
 
+TEST_P(FormsTest, TabGoesAsOneReads) {
+  OnEveryPage([this] {
+    std::vector<std::string> astray;
+    const QWidget* previous = nullptr;
+    for (const ui::Control* control : model().controls()) {
+      const QWidget* widget = WidgetOf(*control);
+      if (widget == nullptr || !control->IsTabStop()) continue;
+      const QRect place(widget->mapTo(&root(), QPoint()), widget->size());
+      if (previous != nullptr) {
+        const QRect before(previous->mapTo(&root(), QPoint()), previous->size());
+        if (place.left() < before.right() && place.top() < before.bottom()) {
+          astray.push_back(control->name());
+        }
+      }
+      previous = widget;
+    }
+    EXPECT_THAT(astray, IsEmpty()) << "neither to the right of the one before nor below it";
+  });
+}
+
+TEST_P(FormsTest, NoTwoHaveTheSameAccessKey) {
+  OnEveryPage([this] {
+    std::map<std::string, std::vector<std::string>> owners;  // by key
+    for (const auto* button : root().findChildren<QAbstractButton*>()) {
+      if (!button->isVisible() || button->shortcut().isEmpty()) continue;
+      owners[ToUtf8(button->shortcut().toString())].push_back(ToUtf8(button->objectName()));
+    }
+    for (const auto* label : root().findChildren<QLabel*>()) {
+      const QKeySequence key = QKeySequence::mnemonic(label->text());
+      if (label->textFormat() == Qt::PlainText || label->buddy() == nullptr || key.isEmpty()) {
+        continue;
+      }
+      owners[ToUtf8(key.toString())].push_back(ToUtf8(label->objectName()));
+    }
+    for (const auto& [key, names] : owners) EXPECT_THAT(names, SizeIs(1)) << key;
+  });
+}
+
 TEST_P(FormsTest, NothingIsClipped) {
   OnEveryPage([this] {
     std::vector<std::string> clipped;
@@ -255,6 +295,72 @@ TEST_F(MainFormTest, MenusStandInTheModelsOrder) {
     }
   }
   EXPECT_EQ(on_screen, of_model);
+}
+
+/// Their access keys, each with the texts that have it.
+std::map<std::string, std::vector<std::string>> AccessKeys(const QList<QAction*>& actions) {
+  std::map<std::string, std::vector<std::string>> owners;
+  for (const QAction* action : actions) {
+    const QKeySequence key = QKeySequence::mnemonic(action->text());
+    if (!key.isEmpty()) owners[ToUtf8(key.toString())].push_back(ToUtf8(action->text()));
+  }
+  return owners;
+}
+
+TEST_F(MainFormTest, NoTwoItemsOfAMenuHaveTheSameAccessKey) {
+  std::vector<QList<QAction*>> menus = {Main().menuBar()->actions()};
+  for (const QAction* title : Main().menuBar()->actions()) {
+    menus.push_back(title->menu()->actions());
+  }
+  velta_.program().windows.Open("frmAbout");
+  menus.push_back(Main().findChild<QMdiSubWindow*>()->systemMenu()->actions());
+  for (const QList<QAction*>& menu : menus) {
+    for (const auto& [key, texts] : AccessKeys(menu)) EXPECT_THAT(texts, SizeIs(1)) << key;
+  }
+}
+
+TEST_F(MainFormTest, NoTwoCommandsHaveTheSameKey) {
+  velta_.program().windows.Open("frmJednotlivy");
+  std::map<std::string, std::vector<std::string>> owners;
+  for (const QAction* action : Main().findChildren<QAction*>()) {
+    for (const QKeySequence& key : action->shortcuts()) {
+      owners[ToUtf8(key.toString())].push_back(ToUtf8(action->text()));
+    }
+  }
+  EXPECT_GE(owners.size(), 9U);
+  for (const auto& [key, texts] : owners) EXPECT_THAT(texts, SizeIs(1)) << key;
+}
+
+// Buttons of some windows have the key of a menu. There the button is meant, in every window.
+TEST_F(MainFormTest, AccessKeyOfAMenuIsTheButtonsOfTheWindowInFront) {
+  const auto menus = AccessKeys(Main().menuBar()->actions());
+  int clashes = 0;
+  for (const std::string& name : velta_.program().windows.names()) {
+    if (name == "frmMenu" || name == "frmSplash") continue;
+    SCOPED_TRACE(name);
+    velta_.program().windows.Open(name);
+    const auto buttons =
+        Main().findChild<QWidget*>(ToQString(name))->findChildren<QAbstractButton*>();
+    for (QAbstractButton* button : buttons) {
+      const std::string key = ToUtf8(button->shortcut().toString());
+      if (!button->isVisible() || menus.count(key) == 0) continue;
+      SCOPED_TRACE(key);
+      ++clashes;
+      int pressed = 0;
+      button->disconnect();  // it is not to do what it is for
+      QObject::connect(button, &QAbstractButton::clicked, button, [&pressed] { ++pressed; });
+      const QKeyCombination combination = button->shortcut()[0];
+      QTest::keyClick(QApplication::focusWidget(), combination.key(),
+                      combination.keyboardModifiers());
+      EXPECT_EQ(pressed, 1);
+      EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+      QTest::keyClick(&Main(), Qt::Key_F10);
+      ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "F10 leads to the menus";
+      QApplication::activePopupWidget()->close();
+    }
+    velta_.program().windows.Unload(name);
+  }
+  EXPECT_GE(clashes, 3);
 }
 
 TEST_F(MainFormTest, TheLineInTheMenuHasNoText) {

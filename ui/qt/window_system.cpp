@@ -176,6 +176,16 @@ class WindowSystem::ChildView final : public WindowSystem::View {
     for (QAction* action : sub_window_->systemMenu()->actions()) {
       if (!action->shortcut().isEmpty()) action->setShortcut(Qt::CTRL | Qt::Key_F4);
     }
+    auto* next = sub_window_->systemMenu()->addAction(QStringLiteral("Da&lší okno"));
+    next->setShortcut(Qt::CTRL | Qt::Key_F6);
+    next->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    sub_window_->addAction(next);
+    connect(next, &QAction::triggered, system.desktop_, &QMdiArea::activateNextSubWindow);
+    if (window.closes_by_esc()) {
+      auto* esc = new QShortcut(Qt::Key_Escape, content);
+      esc->setContext(Qt::WidgetWithChildrenShortcut);
+      connect(esc, &QShortcut::activated, this, [this] { AskToClose(); });
+    }
     system.children_.insert(sub_window_, &window);
     const QScopedValueRollback acting(system.program_acts_, true);
     system.desktop_->addSubWindow(sub_window_);
@@ -220,7 +230,23 @@ class WindowSystem::ChildView final : public WindowSystem::View {
     return sub_window_->isVisible() && system_.desktop_->currentSubWindow() == sub_window_;
   }
 
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == frame_ && event->type() == QEvent::WindowStateChange) KeepFocus();
+    return View::eventFilter(watched, event);
+  }
+
  private:
+  /// Qt hides a window for a moment to restore it, and moves the keyboard on by one.
+  void KeepFocus() {
+    if (sub_window_->isMinimized()) return;
+    binder_->HoldFocus(true);
+    const auto go_on = [this] {
+      binder_->HoldFocus(false);
+      if (IsActive()) binder_->TakeFocus();
+    };
+    QMetaObject::invokeMethod(this, go_on, Qt::QueuedConnection);
+  }
+
   /// Out of the desktop at once, so that the activation of the next window belongs to this moment.
   void Remove() {
     if (system_.children_.remove(sub_window_) == 0 || system_.desktop_ == nullptr) return;
@@ -287,15 +313,34 @@ std::unique_ptr<ui::WindowView> WindowSystem::CreateView(ui::Window& window) {
   auto* menu_bar = static_cast<QMainWindow*>(content)->menuBar();
   connect(new QShortcut(Qt::Key_F10, content), &QShortcut::activated, menu_bar,
           [menu_bar] { menu_bar->setActiveAction(menu_bar->actions().value(0)); });
-  auto* help = new QShortcut(Qt::Key_F1, content);
-  help->setAutoRepeat(false);
-  connect(help, &QShortcut::activated, this, [this, &window] { RequestHelp(window); });
+  main_ = &window;
+  GiveCommandsTheirKeys(*content);
   return std::make_unique<TopView>(*this, window, content);
 }
 
-/// An access key presses its button at once and once, and Enter once. Qt would press it a tenth of
-/// a second after the access key, when the user may have gone on already, and both again for as
-/// long as the key is held.
+/// The menus show the keys. A Czech keyboard writes "+" and "ě" with the keys of 1 and 2.
+void WindowSystem::GiveCommandsTheirKeys(const QWidget& content) {
+  constexpr auto kECaron = static_cast<Qt::Key>(u'Ě');
+  const std::pair<const char*, QList<QKeySequence>> commands[] = {
+      {"mnuJednotlivyVypocet", {Qt::CTRL | Qt::Key_1, Qt::CTRL | Qt::Key_Plus}},
+      {"mnuPostupnyVypocet", {Qt::CTRL | Qt::Key_2, Qt::CTRL | kECaron}},
+      {"mnuTiskVypoctu", {Qt::CTRL | Qt::Key_P}},
+      {"mnuKopirovat", {Qt::CTRL | Qt::SHIFT | Qt::Key_C}},
+  };
+  for (const auto& [name, keys] : commands) {
+    auto* command = content.findChild<QAction*>(name);
+    command->setShortcuts(keys);
+    command->setAutoRepeat(false);
+  }
+  // Beside the help's contents, but it asks the window in front, which may know a better page.
+  help_ = content.findChild<QAction*>("mnuObsah");
+  help_->setShortcut(Qt::Key_F1);
+  help_->setAutoRepeat(false);
+}
+
+/// An access key presses its button at once and once, Enter once, and a command's key gives it
+/// once. Qt would press a button a tenth of a second after its access key, when the user may have
+/// gone on already, and all of them again for as long as the key is held.
 bool WindowSystem::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyRelease:
@@ -308,6 +353,11 @@ bool WindowSystem::eventFilter(QObject* watched, QEvent* event) {
       return key_is_held_ && enter && qobject_cast<QAbstractButton*>(watched) != nullptr;
     }
     case QEvent::Shortcut: {
+      if (watched == help_) {
+        if (!key_is_held_) RequestHelp();
+        return true;
+      }
+      if (key_is_held_ && qobject_cast<QAction*>(watched) != nullptr) return true;
       const auto& shortcut = *static_cast<QShortcutEvent*>(event);
       auto* button = shortcut.isAmbiguous() ? ButtonInActiveChild(shortcut.key())
                                             : qobject_cast<QAbstractButton*>(watched);
@@ -340,9 +390,9 @@ void WindowSystem::SubWindowActivated(QMdiSubWindow* sub_window) {
   if (ui::Window* window = children_.value(sub_window)) window->Activated.Raise();
 }
 
-void WindowSystem::RequestHelp(ui::Window& main) {
+void WindowSystem::RequestHelp() {
   ui::Window* child = children_.value(desktop_->activeSubWindow());
-  (child == nullptr ? main : *child).HelpRequested.Raise();
+  (child == nullptr ? main_ : child)->HelpRequested.Raise();
 }
 
 /// Alt+V is a menu and, in the calculation windows, a button: then the button is meant. Qt by

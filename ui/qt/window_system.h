@@ -10,6 +10,7 @@
 #include "ui/window_system.h"
 
 class QAbstractButton;
+class QAction;
 class QKeyEvent;
 class QKeySequence;
 class QMdiArea;
@@ -37,13 +38,16 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
 
   void FollowKey(const QKeyEvent& event);
   void SubWindowActivated(QMdiSubWindow* sub_window);
-  void RequestHelp(ui::Window& main);
+  void GiveCommandsTheirKeys(const QWidget& content);
+  void RequestHelp();
   [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
 
   const ui::LocaleFormat& locale_;
   const WindowPlaces* places_;
   HintFilter hints_;
+  ui::Window* main_ = nullptr;
   QPointer<QMdiArea> desktop_;
+  QPointer<QAction> help_;  // beside which F1 stands in the menu
   QHash<const QObject*, ui::Window*> children_;
   const QObject* active_ = nullptr;  // the sub-window that was activated last
   int released_key_ = 0;

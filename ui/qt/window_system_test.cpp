@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -248,6 +249,81 @@ TEST_F(ChildTest, KeyboardFindsItsPlaceAgainInAWindowThatWasMinimisedOrCovered) 
   second_view_->Close();
   first_view_->Activate();
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+}
+
+TEST_F(ChildTest, KeyboardStaysWhereItWasWhenAMaximisedWindowIsRestored) {
+  ShowBoth();
+  first_view_->Activate();
+  first_.txtDluznaCastka.SetFocus();
+  Sub("první")->showMaximized();
+  QCoreApplication::processEvents();
+  int moved = 0;
+  first_.FocusMoved.Connect([&] { ++moved; });
+  Sub("první")->showNormal();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtDluznaCastka");
+  EXPECT_EQ(first_.focused(), &first_.txtDluznaCastka);
+  EXPECT_EQ(moved, 0) << "no hint is written either";
+}
+
+TEST_F(ChildTest, CtrlF6TurnsToTheNextWindow) {
+  ShowBoth();
+  second_.txtDluznaCastka.SetFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
+  EXPECT_THAT(activated_, ElementsAre("první"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
+  EXPECT_THAT(activated_, ElementsAre("první", "druhé"));
+}
+
+TEST_F(ChildTest, EscClosesAWindowThatSaysSo) {
+  Child info(loop_);
+  info.SetClosesByEsc();
+  int asked = 0;
+  info.CloseRequested.Connect([&] { ++asked; });
+  first_view_->Show();
+  const auto view = system_.CreateView(info);
+  view->Show();
+  info.txtDluznaCastka.SetFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(asked, 1);
+  first_view_->Activate();
+  first_.txtDluznaCastka.SetFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(asked, 1);
+  EXPECT_THAT(closing_, IsEmpty());
+}
+
+struct CommandKey {
+  const char* command;
+  int key;
+  Qt::KeyboardModifiers modifiers;
+};
+
+TEST_F(WindowSystemTest, CommandsHaveKeysOnAnyKeyboardAndAreGivenOnce) {
+  const CommandKey keys[] = {
+      {"mnuJednotlivyVypocet", Qt::Key_1, Qt::ControlModifier},
+      {"mnuJednotlivyVypocet", Qt::Key_Plus, Qt::ControlModifier},
+      {"mnuPostupnyVypocet", Qt::Key_2, Qt::ControlModifier},
+      {"mnuPostupnyVypocet", u'Ě', Qt::ControlModifier},
+      {"mnuTiskVypoctu", Qt::Key_P, Qt::ControlModifier},
+      {"mnuKopirovat", Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier},
+  };
+  for (const CommandKey& key : keys) {
+    SCOPED_TRACE(key.command);
+    const auto& command = *Main()->findChild<QAction*>(key.command);
+    int given = 0;
+    const auto connection =
+        QObject::connect(&command, &QAction::triggered, Main(), [&given] { ++given; });
+    const auto press = [&key](bool repeated) {
+      QTest::simulateEvent(Main(), true, key.key, key.modifiers, QString(), repeated);
+    };
+    press(false);
+    EXPECT_EQ(given, 1);
+    press(true);
+    EXPECT_EQ(given, 1) << "a key that is held prints no second copy";
+    QObject::disconnect(connection);
+    EXPECT_FALSE(command.shortcut().isEmpty()) << "the menu shows the key";
+  }
 }
 
 TEST_F(ChildTest, AccessKeyPressesItsButtonAtOnceAndOnce) {
