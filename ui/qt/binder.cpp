@@ -1,6 +1,7 @@
 #include "ui/qt/binder.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QButtonGroup>
@@ -304,6 +305,8 @@ void Binder::Visit(ui::DropDown& control) {
   if (control.editable()) {
     list.setInsertPolicy(QComboBox::NoInsert);
     list.setCompleter(nullptr);
+    const QAccessibleInterface* input = QAccessible::queryAccessibleInterface(&list);
+    list.lineEdit()->setAccessibleName(input->text(QAccessible::Name));
   }
   Mirror(control, list, [&control, &list](Aspect aspect) {
     if (aspect == Aspect::kItems) {
@@ -313,6 +316,7 @@ void Binder::Visit(ui::DropDown& control) {
       }
     }
     if (aspect == Aspect::kItems || aspect == Aspect::kValue) ShowChoice(control, list);
+    if (aspect == Aspect::kValue) list.setAccessibleDescription(ToQString(control.text()));
     if (aspect == Aspect::kBackground) SetBackground(list, control.background());
   });
   const auto user_changes = [this, &control, list = QPointer(&list)](const auto& change) {
@@ -350,7 +354,11 @@ void Binder::Visit(ui::Label& control) {
   auto& label = Widget<QLabel>(control);
   label.setTextFormat(Qt::PlainText);
   Mirror(control, label, [&control, &label](Aspect aspect) {
-    if (aspect == Aspect::kCaption) label.setText(ToQString(control.caption()));
+    if (aspect != Aspect::kCaption) return;
+    label.setText(ToQString(control.caption()));
+    // To a screen reader a label is called by its text. One that shows a result has the name of
+    // what it shows, in the form, and the result is its description.
+    if (!label.accessibleName().isEmpty()) label.setAccessibleDescription(label.text());
   });
 }
 
@@ -395,6 +403,7 @@ void Binder::Visit(ui::MenuItem& control) {
 void Binder::Visit(ui::OptionButton& control) {
   auto& button = Widget<QAbstractButton>(control);
   button.setCheckable(true);
+  button.setAutoExclusive(true);  // the group sees to it; this tells screen readers
   QButtonGroup*& group = options_[ToQString(control.name()).section(u'(', 0, 0)];
   if (group == nullptr) group = new QButtonGroup(this);
   group->addButton(&button);

@@ -42,8 +42,13 @@ const ui::Clock& DateField::ComputersClock() {
 
 DateField::DateField(QWidget* parent, const ui::Clock& clock) : QLineEdit(parent), clock_(clock) {
   arrow_ = addAction(Picture("dropdown"), TrailingPosition);
-  arrow_->setToolTip(QStringLiteral("Vybrat datum z kalendáře"));
+  arrow_->setText(QStringLiteral("Vybrat datum z kalendáře"));
   connect(arrow_, &QAction::triggered, this, &DateField::OpenCalendar);
+  // A program for people who cannot type writes into the field from afar, and never leaves it.
+  connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (hasFocus() || text == ToQString(ShortDateText(day_, format_))) return;
+    QMetaObject::invokeMethod(this, &DateField::Commit, Qt::QueuedConnection);
+  });
   ShowDay();
 }
 
@@ -125,6 +130,7 @@ void DateField::OpenCalendar() {
   auto* popup = new QFrame(this, Qt::Popup);
   popup->setAttribute(Qt::WA_DeleteOnClose);
   popup->setFrameShape(QFrame::StyledPanel);
+  popup->setAccessibleName(QStringLiteral("Kalendář"));
   auto* calendar = new QCalendarWidget(popup);
   calendar->setFirstDayOfWeek(Qt::Monday);
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QTest>
@@ -166,6 +167,17 @@ TEST_F(DateFieldTest, EscTakesTypingBack) {
   EXPECT_EQ(field_.text(), "28.4.2005");
   QTest::keyClick(&field_, Qt::Key_Tab);
   EXPECT_TRUE(picked_.empty());
+}
+
+TEST_F(DateFieldTest, DateThatIsWrittenFromAfarCountsAtOnce) {
+  other_.setFocus();
+  QAccessible::queryAccessibleInterface(&field_)->setText(QAccessible::Value, "3.5.11");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(picked_, std::vector{Day(2011, 5, 3)});
+  EXPECT_EQ(field_.text(), "3.5.2011");
+  field_.setText("31.2.");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(mistyped_, 1);
 }
 
 TEST_F(DateFieldTest, ProgramSetsADateWithoutTheUsersEvent) {

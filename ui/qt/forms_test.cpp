@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -132,23 +134,76 @@ TEST_P(FormsTest, WhatIsSeenIsWhatTheModelTakesForVisible) {
   });
 }
 
-TEST_P(FormsTest, EveryInputHasANameForThoseWhoDoNotSeeIt) {
+/// What a control has to be to a screen reader.
+class RoleOf final : public ui::ControlVisitor {
+ public:
+  explicit RoleOf(ui::Control& control) { control.Accept(*this); }
+  QAccessible::Role role = QAccessible::NoRole;  // frames and what is not on the screen
+
+ private:
+  void Visit(ui::Button& /*control*/) override { role = QAccessible::PushButton; }
+  void Visit(ui::DatePicker& /*control*/) override { role = QAccessible::EditableText; }
+  void Visit(ui::DropDown& /*control*/) override { role = QAccessible::ComboBox; }
+  void Visit(ui::Frame& /*control*/) override {}
+  void Visit(ui::Label& /*control*/) override { role = QAccessible::StaticText; }
+  void Visit(ui::ListBox& /*control*/) override { role = QAccessible::List; }
+  void Visit(ui::MenuItem& /*control*/) override {}
+  void Visit(ui::OptionButton& /*control*/) override { role = QAccessible::RadioButton; }
+  void Visit(ui::TextBox& /*control*/) override { role = QAccessible::EditableText; }
+  void Visit(ui::TimerControl& /*control*/) override {}
+};
+
+std::string NameOf(QAccessibleInterface& thing) { return ToUtf8(thing.text(QAccessible::Name)); }
+
+/// The titles of the boxes in which it stands.
+std::string PlaceOf(const QWidget* widget) {
+  std::string place;
+  for (; widget != nullptr; widget = widget->parentWidget()) {
+    if (const auto* box = qobject_cast<const QGroupBox*>(widget))
+      place += ToUtf8(box->title()) + "/";
+  }
+  return place;
+}
+
+TEST_P(FormsTest, EveryControlHasItsRoleAndANameOfItsOwnForThoseWhoDoNotSeeIt) {
   OnEveryPage([this] {
-    std::set<const QWidget*> named;
-    for (const QLabel* label : root().findChildren<QLabel*>()) {
-      if (label->buddy() != nullptr && !label->text().isEmpty()) named.insert(label->buddy());
+    std::set<std::string> names;
+    for (ui::Control* control : model().controls()) {
+      QWidget* widget = WidgetOf(*control);
+      const QAccessible::Role role = RoleOf(*control).role;
+      if (role == QAccessible::NoRole || !widget->isVisible()) continue;
+      SCOPED_TRACE(control->name());
+      QAccessibleInterface* thing = QAccessible::queryAccessibleInterface(widget);
+      ASSERT_NE(thing, nullptr);
+      EXPECT_EQ(thing->role(), role);
+      EXPECT_NE(NameOf(*thing), "");
+      if (role == QAccessible::StaticText) continue;  // labels of inputs have their names
+      EXPECT_TRUE(names.insert(PlaceOf(widget) + NameOf(*thing)).second) << NameOf(*thing);
     }
-    std::vector<std::string> nameless;
-    for (const ui::Control* control : model().controls()) {
-      const QWidget* widget = WidgetOf(*control);
-      if (widget == nullptr || !control->CanTakeFocus()) continue;
-      const auto* button = qobject_cast<const QAbstractButton*>(widget);
-      if (named.count(widget) == 0 && widget->accessibleName().isEmpty() &&
-          (button == nullptr || button->text().isEmpty())) {
-        nameless.push_back(control->name());
-      }
-    }
-    EXPECT_THAT(nameless, IsEmpty());
+  });
+}
+
+/// All that stands in it, down to the parts of a control.
+template <class Check>
+void Walk(QAccessibleInterface& thing, Check check) {
+  check(thing);
+  for (int i = 0; i < thing.childCount(); ++i) {
+    QAccessibleInterface* child = thing.child(i);
+    ASSERT_NE(child, nullptr);
+    Walk(*child, check);
+  }
+}
+
+TEST_P(FormsTest, NothingThatCanBePressedOrTypedIntoIsNameless) {
+  OnEveryPage([] {
+    Walk(*QAccessible::queryAccessibleInterface(&root()), [](QAccessibleInterface& thing) {
+      const QAccessible::State state = thing.state();
+      if (!state.focusable && thing.role() != QAccessible::PushButton) return;
+      if (state.invisible || thing.role() == QAccessible::Window) return;
+      EXPECT_NE(NameOf(thing), "")
+          << thing.role() << " "
+          << (thing.object() == nullptr ? "a part" : thing.object()->metaObject()->className());
+    });
   });
 }
 

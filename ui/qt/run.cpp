@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <optional>
 
+#include "ui/qt/accessibility.h"
 #include "ui/qt/command_line.h"
 #include "ui/qt/czech_texts.h"
 #include "ui/qt/end_requests.h"
@@ -52,6 +53,7 @@ void PrepareApplication() {
   std::setlocale(LC_NUMERIC, "C");
   LoadResources();
   SpeakCzech();
+  PrepareAccessibility();
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   QApplication::setWindowIcon(Picture("logo"));
   QApplication::setQuitOnLastWindowClosed(false);  // the program says when it ends
