@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
+#include "shell/common/date.h"
 #include "shell/common/number_text.h"
 #include "ui/locale.h"
 
@@ -34,8 +36,16 @@ inline std::string RateWithUnit(Rate rate, std::string_view unit, const ui::Loca
   return PlainText(rate, locale).append(" ").append(unit);
 }
 
-/// What the printer's queue calls the printed account.
-inline constexpr const char* kPrintoutName = "Výpočet úroku z prodlení";
+/// What the printed account is called in the printer's queue and as a file, by the amount owed and
+/// its due date: "Výpočet úroku z prodlení 10 000 Kč 10.3.2005".
+inline std::string PrintoutName(Money owed, Date due, ui::LocaleFormat locale) {
+  locale.group = " ";  // in a name for other programs no unbreakable blank
+  std::string amount = CurrencyText(owed, locale);
+  const std::string no_haler = locale.decimal + "00";
+  const std::size_t decimals = amount.rfind(no_haler);
+  if (decimals != std::string::npos) amount.erase(decimals, no_haler.size());
+  return "Výpočet úroku z prodlení " + amount + " " + ShortDateText(due, locale);
+}
 
 /// Where labels and values stand on paper.
 inline constexpr int kLabelColumn = 5;

@@ -137,9 +137,8 @@ void frmFaktura::cmdTisk_Click() {
     return;
   }
   if (!IsFilledIn()) return;
-  const ui::PrintedDocument page =
-      InvoicePage(Filled(), settings_.record(), *calculation, program_.platform.locale);
-  if (!PrintOnDefaultPrinter(program_, page)) throw Error(ErrorNumber::kPrintCancelled);
+  PrintOnDefaultPrinter(
+      program_, InvoicePage(Filled(), settings_.record(), *calculation, program_.platform.locale));
 }
 
 bool frmFaktura::IsFilledIn() {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -240,7 +242,6 @@ TEST(InvoicePageTest, SingleCalculation) {
                    Lines(15, kEmpty),
                    kFoot})));
   const ui::PrintedDocument document = InvoicePage(FilledInvoice(), Firm(), &result, {});
-  EXPECT_EQ(document.name, "Penalizační faktura");
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
 }
@@ -332,9 +333,13 @@ TEST(InvoicePageTest, TypedKindsOfAProgressiveCalculationPrintTheirText) {
   result.kind = RateKind::kCrownsDaily;
   result.kind_text = "částka Kč denně";
   result.rate = 12.5F;
+  EXPECT_EQ(RateLine(Printed(result)), Row("Úroková sazba ", 14, 70, "12,5 částka Kč denně", 20))
+      << "too wide for its column, it reaches up to the edge";
+  result.kind_text = "procent z dlužné částky za každý i jen započatý den prodlení";
   EXPECT_EQ(TwoLinesFrom(Printed(result), "    |Úroková"),
-            (Lines{"    |Úroková sazba " + std::string(53, ' ') + "12,5 částka Kč den",
-                   std::string(72, ' ') + "ně" + std::string(15, ' ') + "|"}));
+            (Lines{Row("Úroková sazba ", 14, 26,
+                       "12,5 procent z dlužné částky za každý i jen započatý den", 56),
+                   Row("", 0, 26, "prodlení", 8)}));
 }
 
 // --- payments ----------------------------------------------------------------------------------
@@ -361,58 +366,131 @@ TEST(InvoicePageTest, RepoPaymentIsOneRowWithTheSumOfItsPeriods) {
             Row("Fakturujeme Vám úroky z prodlení dle výpočtu", 44, 74, "152,74 Kč", 9));
 }
 
-TEST(InvoicePageTest, LargestAmountsPushTheBalanceToTheNextLine) {
+TEST(InvoicePageTest, LargeAmountsOfARowMoveLeftAndNeverTouch) {
   ProgressiveResult result = Progressive();
-  result.payments[0].amount = Money::FromUnits(9'223'372'036'854'775'807);
-  EXPECT_EQ(TwoLinesFrom(Printed(result), "    |31.1.2004"),
-            (Lines{"    |31.1.2004           922 337 203 685 477,58 Kč",
-                   std::string(45, ' ') + "5 000,00 Kč                 41,10 Kč        |"}));
+  result.payments[0].amount = Money::FromUnits(123'456'789'010'000);  // twenty characters: it fits
+  EXPECT_EQ(LineOf(Printed(result), "    |31.1.2004"),
+            "    |31.1.2004           12 345 678 901,00 Kč5 000,00 Kč                 41,10 Kč"
+            "        |");
+  result.payments[0].amount = Money::FromUnits(1'234'567'890'120'000);
+  EXPECT_EQ(LineOf(Printed(result), "    |31.1.2004"),
+            "    |31.1.2004         123 456 789 012,00 Kč 5 000,00 Kč                 41,10 Kč"
+            "        |");
+  result.payments[0].interest_sum = Money::FromUnits(1'234'567'890'120'000);
+  EXPECT_EQ(LineOf(Printed(result), "    |31.1.2004"),
+            "    |31.1.2004         123 456 789 012,00 Kč 5 000,00 Kč            "
+            "123 456 789 012,00 Kč|");
+}
+
+TEST(InvoicePageTest, LargestAmountsOfARowTakeTwoLines) {
+  constexpr auto kLargest = Money::FromUnits(9'223'372'036'854'775'807);
+  ProgressiveResult result = Progressive();
+  result.payments[0].amount = kLargest;
+  result.payments[0].balance = kLargest;
+  result.payments[0].interest_sum = kLargest;
+  EXPECT_EQ(
+      TwoLinesFrom(Printed(result), "    |31.1.2004"),
+      (Lines{"    |31.1.2004           922 337 203 685 477,58 Kč" + std::string(39, ' ') + "|",
+             "    |" + std::string(32, ' ') +
+                 "922 337 203 685 477,58 Kč  922 337 203 685 477,58 Kč|"}));
 }
 
 // --- texts that are too long -------------------------------------------------------------------
 
-TEST(InvoicePageTest, SupplierNameReachesUpToTheDivider) {
+TEST(InvoicePageTest, NamesReachUpToTheirBars) {
   Invoice invoice = FilledInvoice();
   invoice.supplier.name = std::string(31, 'a') + "ž";
+  invoice.customer.name = std::string(30, 'b') + "ž";
   EXPECT_EQ(
       LineOf(Printed(invoice), "    |          aaa"),
-      "    |          " + invoice.supplier.name + "|          Dlužník Praha, a. s.           |");
-  invoice.supplier.name += "x";
-  EXPECT_EQ(TwoLinesFrom(Printed(invoice), "    |          aaa"),
-            (Lines{"    |          " + invoice.supplier.name,
-                   std::string(47, ' ') + "|          Dlužník Praha, a. s.           |"}));
+      "    |          " + invoice.supplier.name + "|          " + invoice.customer.name + "|");
 }
 
-TEST(InvoicePageTest, CustomerNameReachesUpToTheEdge) {
+TEST(InvoicePageTest, LongNamesGoOnBesideEachOtherWithinTheirBars) {
   Invoice invoice = FilledInvoice();
-  invoice.customer.name = std::string(30, 'a') + "ž";
-  const std::string left = "    |          Novák a syn, s. r. o.           |          ";
-  EXPECT_EQ(LineOf(Printed(invoice), "    |          Novák"), left + invoice.customer.name + "|");
-  invoice.customer.name += "x";
-  EXPECT_EQ(TwoLinesFrom(Printed(invoice), "    |          Novák"),
-            (Lines{left + invoice.customer.name, std::string(89, ' ') + "|"}));
-}
-
-TEST(InvoicePageTest, NamesLongerThanALineGoOnInTheirOwnColumn) {
-  Invoice invoice = FilledInvoice();
-  invoice.customer.name = std::string(32, 'a') + std::string(32, 'b') + "c";
+  invoice.supplier.name = "Novák a syn, společnost s ručením omezeným, v likvidaci";
+  invoice.customer.name = "Dlužník Praha, akciová společnost";
   const Lines lines = Printed(invoice);
-  const auto at = std::find_if(lines.begin(), lines.end(),
-                               [](const std::string& line) { return line.ends_with("aaa"); });
-  ASSERT_LT(at - lines.begin(), 60);
-  EXPECT_EQ(*(at + 1), std::string(58, ' ') + std::string(32, 'b'));
-  EXPECT_EQ(*(at + 2), std::string(58, ' ') + "c" + std::string(30, ' ') + "|");
+  EXPECT_THAT(Lines(lines.begin() + 10, lines.begin() + 13),
+              ElementsAreArray(Lines{
+                  // clang-format off
+          "    |          Novák a syn, společnost s       |          Dlužník Praha, akciová         |",
+          "    |          ručením omezeným, v likvidaci   |          společnost                     |",
+          "    |          Dlouhá 12                       |          Krátká 3                       |",
+                  // clang-format on
+              }));
+  EXPECT_EQ(lines.size(), 65U) << "fewer empty lines stand between";
 }
 
-TEST(InvoicePageTest, TotalReachesUpToTheEdge) {
+TEST(InvoicePageTest, EveryTextOfThePartiesKeepsToItsColumn) {
+  Invoice invoice = FilledInvoice();
+  invoice.supplier.postcode = "CZ 602 00";
+  invoice.supplier.company_number = "12345678 podle zápisu v registru";
+  invoice.customer.company_number = "87654321, dříve 1122334";
+  const Lines lines = Printed(invoice);
+  EXPECT_EQ(
+      TwoLinesFrom(lines, "    |   Dodavatel"),
+      (Lines{"    |   Dodavatel        IČO 12345678 podle    |  Odběratel       IČO 87654321, "
+             "dříve    |",
+             "    |                    zápisu v registru     |                      1122334"
+             "            |"}));
+  EXPECT_EQ(TwoLinesFrom(lines, "    |   CZ"),
+            (Lines{"    |   CZ 602 Brno                            |  110 00  Praha 1"
+                   "                        |",
+                   "    |   00                                     |"
+                   "                                         |"}));
+}
+
+TEST(InvoicePageTest, WordWiderThanItsPlaceIsBroken) {
+  Invoice invoice = FilledInvoice();
+  invoice.customer.name = std::string(31, 'a') + std::string(31, 'b') + "c";
+  const Lines lines = Printed(invoice);
+  EXPECT_TRUE(lines[10].ends_with(std::string(31, 'a') + "|"));
+  EXPECT_TRUE(lines[11].ends_with(std::string(31, 'b') + "|"));
+  EXPECT_TRUE(lines[12].ends_with("c" + std::string(30, ' ') + "|"));
+}
+
+TEST(InvoicePageTest, LineEndInAStoredTextEndsThePrintedLine) {
+  ProgramSettings settings = Firm();
+  settings.Banka = "Banka v Brně\r\n123456789/0100";
+  settings.Dovetek1 = "Novák\na syn";
+  const Lines lines = Printed(settings);
+  EXPECT_EQ(TwoLinesFrom(lines, "    |Banka"),
+            (Lines{Row("Banka v Brně", 12, 80, "", 0), Row("123456789/0100", 14, 80, "", 0)}));
+  EXPECT_EQ(TwoLinesFrom(lines, "    |Novák"),
+            (Lines{Row("Novák", 5, 80, "", 0), Row("a syn", 5, 80, "", 0)}));
+  EXPECT_EQ(lines.size(), 65U);
+}
+
+TEST(InvoicePageTest, PastedAccentsOfTheirOwnTakeNoCell) {
+  Invoice invoice = FilledInvoice();
+  invoice.customer.name = "Dluz\u030Cni\u0301k Praha, a. s.";
+  EXPECT_EQ(Printed(invoice), Printed(FilledInvoice()));
+}
+
+TEST(InvoicePageTest, TotalReachesUpToTheEdgeAndThenMovesLeft) {
   SingleResult result = Single();
-  const std::string item =
-      "    |Fakturujeme Vám úroky z prodlení dle výpočtu" + std::string(24, ' ');
+  const std::string item = "    |Fakturujeme Vám úroky z prodlení dle výpočtu";
   result.interest = 12'345'678.12;  // sixteen characters
-  EXPECT_EQ(LineOf(Printed(result), "    |Fakturujeme"), item + "12 345 678,12 Kč|");
+  EXPECT_EQ(LineOf(Printed(result), item), item + std::string(24, ' ') + "12 345 678,12 Kč|");
   result.interest = 123'456'789.12;  // seventeen
-  EXPECT_EQ(TwoLinesFrom(Printed(result), "    |Fakturujeme"),
-            (Lines{item + "123 456 789,12 Kč", std::string(89, ' ') + "|"}));
+  EXPECT_EQ(LineOf(Printed(result), item), item + std::string(23, ' ') + "123 456 789,12 Kč|");
+  result.interest = 922'337'203'685'477;
+  EXPECT_EQ(LineOf(Printed(result), item),
+            item + std::string(15, ' ') + "922 337 203 685 477,00 Kč|");
+}
+
+TEST(InvoicePageTest, LongItemGoesOnBelowAndNeverTouchesItsAmount) {
+  ProgramSettings settings = Firm();
+  const auto item = [&] { return TwoLinesFrom(Printed(settings), "    |Úroky"); };
+  settings.TextRadku = "Úroky " + std::string(62, 't');  // up to the amount's column
+  EXPECT_EQ(item()[0], "    |" + settings.TextRadku + "237,53 Kč       |");
+  EXPECT_EQ(item()[1], kEmpty);
+  settings.TextRadku = "Úroky " + std::string(54, 't') + " 2025 a 2026";
+  EXPECT_EQ(item(), (Lines{Row("Úroky " + std::string(54, 't') + " 2025 a", 67, 74, "237,53 Kč", 9),
+                           Row("2026", 4, 74, "", 0)}));
+  settings.TextRadku = "Úroky " + std::string(56, 't') + " 2025 a 2026";
+  EXPECT_EQ(item()[0], Row("Úroky " + std::string(56, 't') + " 2025", 67, 74, "237,53 Kč", 9));
 }
 
 TEST(InvoicePageTest, InvoiceNumberHasItsPlaceUpToColumnFifty) {
@@ -421,32 +499,93 @@ TEST(InvoicePageTest, InvoiceNumberHasItsPlaceUpToColumnFifty) {
   EXPECT_EQ(LineOf(Printed(invoice), "    |   Variabilní"),
             "    |   Variabilní symbol    " + invoice.number + std::string(39, ' ') + "|");
   invoice.number += "8";
-  EXPECT_EQ(TwoLinesFrom(Printed(invoice), "    |   Variabilní"),
-            (Lines{"    |   Variabilní symbol    " + invoice.number, std::string(89, ' ') + "|"}));
+  EXPECT_EQ(
+      TwoLinesFrom(Printed(invoice), "    |   Variabilní"),
+      (Lines{"    |   Variabilní symbol    " + std::string(20, '7') + std::string(40, ' ') + "|",
+             "    |" + std::string(24, ' ') + "78" + std::string(58, ' ') + "|"}));
+}
+
+TEST(InvoicePageTest, LongOriginalNumberMovesLeftAndIsBrokenAtTheLast) {
+  Invoice invoice = FilledInvoice();
+  invoice.original_number = "FV-2025-000117/2025";
+  EXPECT_EQ(LineOf(Printed(invoice), "    |Faktura číslo"),
+            Row("Faktura číslo ", 14, 71, invoice.original_number, 19));
+  invoice.original_number = std::string(65, '7');
+  EXPECT_EQ(
+      TwoLinesFrom(Printed(invoice), "    |Faktura číslo"),
+      (Lines{Row("Faktura číslo ", 14, 26, std::string(64, '7'), 64), Row("", 0, 26, "7", 1)}));
 }
 
 TEST(InvoicePageTest, LongSettingsGoOnInsideTheBox) {
   ProgramSettings settings = Firm();
-  settings.Rejstrik = std::string(85, 'r') + "R";
-  settings.TextRadku = std::string(69, 't');
-  settings.Dovetek1 = std::string(85, 'd') + "D";
+  settings.Rejstrik =
+      "Zapsáno v obchodním rejstříku vedeném Městským soudem v Praze, oddíl C, vložka 123456";
+  settings.Banka = std::string(84, 'b');
+  settings.Dovetek1 = std::string(84, 'd') + "D";
   const Lines lines = Printed(settings);
-  EXPECT_EQ(TwoLinesFrom(lines, "    |rrr"),
-            (Lines{"    |" + std::string(85, 'r'), "     R" + std::string(83, ' ') + "|"}));
-  EXPECT_EQ(TwoLinesFrom(lines, "    |ttt"),
-            (Lines{"    |" + std::string(69, 't'), std::string(73, ' ') + "237,53 Kč       |"}));
+  EXPECT_EQ(
+      TwoLinesFrom(lines, "    |Zaps"),
+      (Lines{Row("Zapsáno v obchodním rejstříku vedeném Městským soudem v Praze, oddíl C, vložka",
+                 78, 90, "", 0),
+             Row("123456", 6, 90, "", 0)}));
+  EXPECT_THAT(lines, Contains("    |" + settings.Banka + "|")) << "it fits";
   EXPECT_EQ(TwoLinesFrom(lines, "    |ddd"),
-            (Lines{"    |" + std::string(85, 'd'), "     D" + std::string(83, ' ') + "|"}));
+            (Lines{"    |" + std::string(84, 'd') + "|", Row("D", 1, 90, "", 0)}));
   EXPECT_EQ(lines.size(), 65U) << "fewer empty lines stand between";
 }
 
-TEST(InvoicePageTest, AnyScriptAndAnyLengthIsKept) {
+TEST(InvoicePageTest, LongNumberGoesOnInTheHeadAboveTheBox) {
+  Invoice invoice = FilledInvoice();
+  invoice.number = std::string(54, '7');
+  EXPECT_EQ(Printed(invoice)[2], "        Penalizační faktura číslo : " + invoice.number);
+  invoice.number = std::string(40, '7') + " " + std::string(20, '8');
+  EXPECT_EQ(Printed(invoice)[2], "        Penalizační faktura číslo : " + std::string(40, '7'));
+  EXPECT_EQ(Printed(invoice)[3], "        " + std::string(20, '8'));
+}
+
+TEST(InvoicePageTest, AnyScriptAndAnyLengthIsKeptWithinTheBars) {
   Invoice invoice = FilledInvoice();
   invoice.customer.name = "Żółć Ünïcode Ελλάς Київ 東京 " + std::string(1000, 'q');
   std::string joined;
   for (const std::string& line : Printed(invoice)) joined += line;
   EXPECT_NE(joined.find("Żółć Ünïcode Ελλάς Київ 東京"), std::string::npos);
   EXPECT_EQ(std::count(joined.begin(), joined.end(), 'q'), 1000);
+}
+
+TEST(InvoicePageTest, EveryLineOfTheBoxHasItsBars) {
+  Invoice invoice = FilledInvoice();
+  ProgramSettings settings = Firm();
+  for (std::string* text : {&invoice.number,
+                            &invoice.original_number,
+                            &invoice.supplier.name,
+                            &invoice.supplier.street,
+                            &invoice.supplier.town,
+                            &invoice.supplier.postcode,
+                            &invoice.supplier.company_number,
+                            &invoice.supplier.tax_number,
+                            &invoice.customer.name,
+                            &invoice.customer.street,
+                            &invoice.customer.town,
+                            &invoice.customer.postcode,
+                            &invoice.customer.company_number,
+                            &invoice.customer.tax_number,
+                            &settings.Banka,
+                            &settings.Rejstrik,
+                            &settings.TextRadku,
+                            &settings.Dovetek0,
+                            &settings.Dovetek1,
+                            &settings.Dovetek2}) {
+    *text = "text se slovy a s jedním převelikánským" + std::string(120, 'y') + " slovem";
+  }
+  const SingleResult result = Single();
+  const Lines lines = Printed(invoice, settings, &result);
+  const auto rule = std::find(lines.begin(), lines.end(), "    |" + std::string(84, '-') + "|");
+  for (auto line = rule; line + 1 != lines.end(); ++line) {
+    const auto cells = ui::Cells(*line);
+    ASSERT_EQ(cells.size(), 90U) << *line;
+    EXPECT_EQ(cells[4], "|") << *line;
+    EXPECT_EQ(cells[89], "|") << *line;
+  }
 }
 
 // --- the page's foot ---------------------------------------------------------------------------
@@ -458,17 +597,133 @@ struct PagesCase {
 };
 
 TEST(InvoicePageTest, FootStandsAtTheFootOfTheLastPage) {
-  // The head takes 25 lines, what stands above the rows 5, the account 4 and the foot 15.
-  for (const auto& [payments, pages] : std::vector<PagesCase>{
-           {1, 1}, {2, 1}, {12, 1}, {16, 1}, {17, 2}, {21, 2}, {81, 2}, {82, 3}, {200, 4}}) {
+  // The head takes 25 lines, what stands above the rows 5, the account 4 and the foot at most 15
+  // and at the least 10.
+  for (const auto& [payments, pages] : std::vector<PagesCase>{{1, 1},
+                                                              {2, 1},
+                                                              {12, 1},
+                                                              {16, 1},
+                                                              {17, 1},
+                                                              {21, 1},
+                                                              {22, 2},
+                                                              {33, 2},
+                                                              {40, 2},
+                                                              {86, 2},
+                                                              {87, 3},
+                                                              {200, 4}}) {
     const Lines lines = Printed(WithPayments(payments));
     EXPECT_EQ(lines.size(), pages * 65) << payments;
-    EXPECT_THAT(Lines(lines.end() - 15, lines.end()), ElementsAreArray(kFoot)) << payments;
+    const Lines closing(kFoot.begin() + 8, kFoot.end());
+    EXPECT_THAT(Lines(lines.end() - 7, lines.end()), ElementsAreArray(closing)) << payments;
     const auto rows = std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
       return line.starts_with("    |31.1.2004 ");
     });
     EXPECT_EQ(static_cast<std::size_t>(rows), payments);
   }
+}
+
+TEST(InvoicePageTest, EmptyLinesOfTheFootGiveWayBeforeASecondPage) {
+  // How many empty lines stand above the signature and below it.
+  struct Room {
+    std::size_t payments;
+    std::ptrdiff_t above;
+    std::ptrdiff_t below;
+  };
+  for (const auto& [payments, above, below] :
+       std::vector<Room>{{16, 3, 3}, {17, 3, 2}, {19, 3, 0}, {20, 2, 0}, {21, 1, 0}, {86, 1, 0}}) {
+    const Lines lines = Printed(WithPayments(payments));
+    const auto account = std::find(lines.begin(), lines.end(), kAccount[3]);
+    const auto signature = std::find(lines.begin(), lines.end(), kFoot[3]);
+    const auto closing = std::find(lines.begin(), lines.end(), kFoot[8]);
+    EXPECT_EQ(signature - account - 1, above) << payments;
+    EXPECT_EQ(closing - signature - 2, below) << payments;
+  }
+}
+
+TEST(InvoicePageTest, AccountIsNotPartedByTheEndOfAPage) {
+  // The line above the account is the 64th: the account goes on the next page as a whole.
+  const ProgressiveResult result = WithPayments(32);
+  const auto lines = InvoicePage(FilledInvoice(), Firm(), &result, {}).lines;
+  EXPECT_THAT(ui::PageStarts(lines), ::testing::ElementsAre(0, 64));
+  EXPECT_EQ(lines[64].text, kAccount[2]);
+  EXPECT_EQ(lines.size(), 64U + 65U) << "the foot is at the foot of the page";
+}
+
+// --- the payment code --------------------------------------------------------------------------
+
+ProgramSettings FirmWithAccount(const std::string& account = "19-2000145399/0800") {
+  ProgramSettings settings = Firm();
+  settings.Banka = account;
+  return settings;
+}
+
+std::optional<ui::PrintedCode> CodeOf(const FinishedCalculation& calculation,
+                                      const ProgramSettings& settings = FirmWithAccount(),
+                                      const ui::LocaleFormat& locale = {}) {
+  return InvoicePage(FilledInvoice(), settings, calculation, locale).code;
+}
+
+TEST(InvoicePageTest, PaymentCodeStandsBesideTheAccountAndChangesNoLine) {
+  const SingleResult result = Single();
+  const auto code = CodeOf(&result);
+  ASSERT_TRUE(code.has_value());
+  EXPECT_EQ(code->payload,
+            "SPD*1.0*ACC:CZ6508000000192000145399*AM:237.53*CC:CZK*X-VS:2026001*DT:20260129*MSG:"
+            "PENALIZACNI FAKTURA 2026001");
+  EXPECT_EQ(code->caption, "QR Platba");
+  EXPECT_EQ(code->column, 74);
+  EXPECT_EQ(code->height, 7);
+  const Lines lines = Printed(FilledInvoice(), FirmWithAccount(), &result);
+  EXPECT_EQ(lines[code->line + 1], kAccount[2]) << "it begins a line above the account's";
+  Lines expected = Printed(result);
+  std::replace(expected.begin(), expected.end(), kAccount[3],
+               Row("19-2000145399/0800", 18, 90, "", 0));
+  EXPECT_EQ(lines, expected);
+}
+
+TEST(InvoicePageTest, PaymentCodeHasTheAmountThatIsInvoicedInAnyForm) {
+  SingleResult result = Single();
+  result.interest = 1234.005;  // invoiced as 1 234,01 Kč
+  for (const ui::LocaleFormat& locale : {ui::LocaleFormat(), {".", ",", "M/d/yyyy"}}) {
+    EXPECT_THAT(CodeOf(&result, FirmWithAccount(), locale)->payload,
+                ::testing::HasSubstr("*AM:1234.01*"));
+  }
+  const ProgressiveResult progressive = Progressive();
+  EXPECT_THAT(CodeOf(&progressive)->payload, ::testing::HasSubstr("*AM:123.29*"));
+}
+
+TEST(InvoicePageTest, NoPaymentCodeWithoutAnAccountOrWithNothingToPay) {
+  SingleResult result = Single();
+  EXPECT_FALSE(CodeOf(&result, FirmWithAccount("Číslo účtu a kód banky")).has_value());
+  result.interest = 0.004;
+  EXPECT_FALSE(CodeOf(&result).has_value());
+}
+
+TEST(InvoicePageTest, PaymentCodeNeverCoversAText) {
+  // Fourteen payments leave five lines between the account and the signature.
+  for (const std::size_t payments : {1U, 14U, 32U, 33U, 40U}) {
+    const ProgressiveResult result = WithPayments(payments);
+    EXPECT_TRUE(CodeOf(&result).has_value()) << payments;
+  }
+  for (const std::size_t payments : {15U, 21U, 84U}) {
+    const ProgressiveResult result = WithPayments(payments);
+    EXPECT_FALSE(CodeOf(&result).has_value()) << payments;
+  }
+  const SingleResult result = Single();
+  const ProgramSettings settings =
+      FirmWithAccount("19-2000145399/0800, vedený u České spořitelny, a. s., pobočky v Praze 4");
+  const auto code = CodeOf(&result, settings);
+  ASSERT_TRUE(code.has_value());
+  const Lines lines = Printed(FilledInvoice(), settings, &result);
+  EXPECT_THAT(lines[code->line - 2], ::testing::HasSubstr(settings.Banka)) << "it stands below";
+}
+
+TEST(InvoicePageTest, DocumentIsNamedAfterItsNumber) {
+  const SingleResult result = Single();
+  Invoice invoice = FilledInvoice();
+  EXPECT_EQ(InvoicePage(invoice, Firm(), &result, {}).name, "Penalizační faktura 2026001");
+  invoice.number = "";
+  EXPECT_EQ(InvoicePage(invoice, Firm(), &result, {}).name, "Penalizační faktura");
 }
 
 }  // namespace

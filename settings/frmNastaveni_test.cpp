@@ -647,8 +647,7 @@ TEST_F(frmNastaveniTest, HelpAndPageThatCannotBeOpenedAreReported) {
   window.optFramy[3].UserClick();
   window.cmdRepoAkt.UserClick();
   EXPECT_THAT(Shown(),
-              ElementsAre("Chyba 5 (Neplatné volání procedury nebo argument) v proceduře\r\n"
-                          "(cmdRepoAkt_Click) of (frmNastaveni.frm)."));
+              ElementsAre("Nenalezen program, který otevře adresu https://velta.example/podpora/"));
 }
 
 }  // namespace

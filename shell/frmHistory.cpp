@@ -1,7 +1,6 @@
 #include "shell/frmHistory.h"
 
 #include "shell/common/busy_pointer.h"
-#include "shell/common/error.h"
 #include "shell/common/modPromenne.h"
 #include "shell/common/page.h"
 #include "shell/common/printing.h"
@@ -40,7 +39,7 @@ void frmHistory::cmdTisk_Click() {
   Page page(kName);
   page.EmptyLines(2);
   page.WriteLines(txtHistory.text());
-  if (!PrintOnDefaultPrinter(program_, page.Take())) throw Error(ErrorNumber::kPrintCancelled);
+  PrintOnDefaultPrinter(program_, page.Take());
 }
 
 }  // namespace velta

@@ -457,8 +457,7 @@ TEST_F(frmMenuTest, MakersPageOpensInTheBrowser) {
   memory_.opener.fails = true;
   menu_->mnuNaseStranky.UserClick();
   EXPECT_THAT(Shown(),
-              ElementsAre("Chyba 5 (Neplatné volání procedury nebo argument) v proceduře\r\n"
-                          "(mnuNaseStranky_Click) of (frmMenu.frm)."));
+              ElementsAre("Nenalezen program, který otevře adresu https://velta.example/"));
 }
 
 TEST_F(frmMenuTest, LoadThatCannotReadTheSettingsIsReported) {

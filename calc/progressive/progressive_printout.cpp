@@ -14,18 +14,15 @@ namespace {
 constexpr int kReportValueColumn = 33;
 
 void AddLine(Page& page, std::string_view label, const std::string& value = "") {
-  page.MoveTo(kLabelColumn);
-  page.Write(label);
-  if (!value.empty()) {
-    page.MoveTo(kValueColumn);
-    page.Write(value);
-  }
+  page.WriteAt(kLabelColumn, label);
+  if (!value.empty()) page.WriteAt(kValueColumn, value);
   page.EndLine();
 }
 
 /// The labels differ from those of the report on purpose.
 void AddPayment(Page& page, const ProgressiveResult& result, const Payment& payment,
                 const ui::LocaleFormat& locale) {
+  const int first_line = page.LineCount();
   AddLine(page, kPrintoutRule);
   page.EmptyLines(1);
   AddLine(page, "Úrok z prodlení ode dne:", ShortDateText(result.due_date, locale));
@@ -34,32 +31,22 @@ void AddPayment(Page& page, const ProgressiveResult& result, const Payment& paym
   AddLine(page, "Částečná výše úhrady:", PlainText(payment.amount, locale));
   AddLine(page, "Úroková sazba:", RateText(result, locale));
   AddLine(page, "Úrok z prodlení:", CurrencyText(payment.interest, locale));
+  page.KeepTogether(first_line);
 }
 
-/// The report as it stands, line for line, with its values in one column.
-void AddReport(Page& page, std::string_view report) {
-  while (!report.empty()) {
-    const std::size_t end = report.find(kReportLineEnd);
-    const std::string_view line = report.substr(0, end);
-    report.remove_prefix(end == std::string_view::npos ? report.size()
-                                                       : end + kReportLineEnd.size());
-    const std::size_t tab = line.find('\t');
-    page.Write(line.substr(0, tab));
-    if (tab != std::string_view::npos) {
-      page.MoveTo(kReportValueColumn);
-      page.Write(line.substr(tab + 1));
-    }
-    page.EndLine();
-  }
+/// The amount that was owed: what was paid first and what was left then.
+Money OwedAmount(const ProgressiveResult& result) {
+  if (result.payments.empty()) return {};
+  return result.payments.front().amount + result.payments.front().balance;
 }
 
 }  // namespace
 
 ui::PrintedDocument ProgressivePrintout(const ProgressiveResult& result, const std::string& report,
                                         const ui::LocaleFormat& locale) {
-  Page page(kPrintoutName);
+  Page page(PrintoutName(OwedAmount(result), result.due_date, locale));
   if (result.kind == RateKind::kRepo) {
-    AddReport(page, report);
+    page.WriteLines(report, kReportValueColumn);
     return page.Take();
   }
   AddLine(page, kAccountHeading);

@@ -17,7 +17,6 @@ using Lines = std::vector<std::string>;
 Lines Printed(const ProgressiveResult& result, const std::string& report = "",
               const ui::LocaleFormat& locale = {}) {
   const ui::PrintedDocument document = ProgressivePrintout(result, report, locale);
-  EXPECT_EQ(document.name, "Výpočet úroku z prodlení");
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
   Lines lines;

@@ -18,17 +18,14 @@ void EndDoubleSpaced(Page& page) {
 }
 
 void Add(Page& page, std::string_view text) {
-  page.MoveTo(kLabelColumn);
-  page.Write(text);
+  page.WriteAt(kLabelColumn, text);
   EndDoubleSpaced(page);
 }
 
 void Add(Page& page, const std::vector<AccountLine>& lines) {
   for (const AccountLine& line : lines) {
-    page.MoveTo(kLabelColumn);
-    page.Write(line.label);
-    page.MoveTo(kValueColumn);
-    page.Write(line.value);
+    page.WriteAt(kLabelColumn, line.label);
+    page.WriteAt(kValueColumn, line.value);
     EndDoubleSpaced(page);
   }
 }
@@ -37,17 +34,21 @@ void Add(Page& page, const std::vector<AccountLine>& lines) {
 
 ui::PrintedDocument SinglePrintout(const SingleResult& result, const ui::LocaleFormat& locale) {
   const SingleAccount account = MakeSingleAccount(result, AccountForm::kPrintout, locale);
-  Page page(kPrintoutName);
+  Page page(PrintoutName(result.base_amount, result.due_date, locale));
   page.EmptyLines(kTopLines);
   Add(page, kAccountHeading);
   Add(page, kPrintoutRule);
   for (const auto& period : account.periods) {
+    const int first_line = page.LineCount();
     Add(page, period);
+    page.KeepTogether(first_line);
     page.EmptyLines(1);
   }
   if (!account.periods.empty()) page.EmptyLines(1);
+  const int first_line = page.LineCount();
   Add(page, account.sums);
   Add(page, kPrintoutRule);
+  page.KeepTogether(first_line);
   return page.Take();
 }
 

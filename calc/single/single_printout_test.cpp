@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "calc/account_texts.h"
 #include "tests/support/day.h"
 
 namespace velta {
@@ -14,7 +15,7 @@ using Lines = std::vector<std::string>;
 
 Lines Printed(const SingleResult& result) {
   const ui::PrintedDocument document = SinglePrintout(result, {});
-  EXPECT_EQ(document.name, "Výpočet úroku z prodlení");
+  EXPECT_EQ(document.name, PrintoutName(result.base_amount, result.due_date, {}));
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
   Lines lines;

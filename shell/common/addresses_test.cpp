@@ -3,14 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/thrown.h"
 #include "ui/memory/memory_platform.h"
 
 namespace velta {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::Thrown;
 
 TEST(AddressesTest, AreHandedToTheDesktop) {
   ui::MemoryPlatform memory;
@@ -21,12 +19,21 @@ TEST(AddressesTest, AreHandedToTheDesktop) {
               ElementsAre("https://velta.example/podpora/", "mailto:podpora@velta.example"));
 }
 
-TEST(AddressesTest, WhatNothingTakesIsABadArgument) {
+TEST(AddressesTest, WhatNothingOpensIsToldWithItsAddress) {
   ui::MemoryPlatform memory;
   memory.opener.fails = true;
   Program program{memory.platform(), {}};
-  EXPECT_EQ(Thrown([&] { OpenWeb(program, kHomePage); }), ErrorNumber::kBadArgument);
-  EXPECT_EQ(Thrown([&] { OpenMail(program, kSupportMail); }), ErrorNumber::kBadArgument);
+  OpenWeb(program, kHomePage);
+  OpenMail(program, kSupportMail);
+  ASSERT_EQ(memory.message_box.shown.size(), 2U);
+  EXPECT_EQ(memory.message_box.shown[0].text,
+            "Nenalezen program, který otevře adresu https://velta.example/");
+  EXPECT_EQ(memory.message_box.shown[1].text,
+            "Nenalezen program, který otevře adresu podpora@velta.example");
+  for (const auto& message : memory.message_box.shown) {
+    EXPECT_EQ(message.icon, ui::Icon::kCritical);
+    EXPECT_EQ(message.caption, "Velta");
+  }
 }
 
 }  // namespace

@@ -25,49 +25,38 @@ TEST(PageTest, IsPrintedInCourierNewCeAtTenPoints) {
 
 TEST(PageTest, ColumnsCountFromOneAndCzechLettersAreOneCell) {
   Page page("");
-  page.MoveTo(5);
-  page.Write("Žluťoučký ‰");
-  page.MoveTo(20);
-  page.Write("x");
+  page.WriteAt(5, "Žluťoučký ‰");
+  page.WriteAt(20, "x");
   page.EndLine();
   EXPECT_EQ(Lines(page), (std::vector<std::string>{"    Žluťoučký ‰    x"}));
 }
 
-TEST(PageTest, MoveToAPassedColumnGoesToTheNextLine) {
+TEST(PageTest, LettersWithTheirAccentsApartAreOneCellToo) {
   Page page("");
-  page.Write("12345");
-  page.MoveTo(6);  // just where the text stands
-  page.Write("6");
-  page.MoveTo(6);
-  page.Write("|");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{"123456", "     |"}));
+  page.WriteAt(1, "Z\u030Clut\u030Cy\u0301 x\u0323");
+  page.WriteAt(10, "|");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{"Žluťý x\u0323  |"}));
 }
 
-TEST(PageTest, TextBeyondTheLastColumnGoesOnInTheNextLine) {
+TEST(PageTest, PassedColumnIsMetInTheNextLine) {
   Page page("");
-  page.MoveTo(89);
-  page.Write("abcd");
-  page.EndLine();
-  page.Write("e");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(88, ' ') + "ab", "cd", "e"}));
+  page.WriteAt(1, "12345");
+  page.WriteAt(6, "6");  // just where the text stands
+  page.WriteAt(6, "|");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{"123456", "     |"}));
 }
 
 TEST(PageTest, TabsGoToTheNextEighthColumn) {
   Page page("");
-  page.Write("\ta\tb");
+  page.WriteAt(1, "\ta\tb");
   page.EndLine();
-  page.Write("žluťoučk\t|");  // columns 1 to 8: the next stop is a whole width on
+  page.WriteAt(1, "žluťoučk\t|");  // columns 1 to 8: the next stop is a whole width on
   page.EndLine();
-  page.Write("1234567\t|\t\t|");
+  page.WriteAt(1, "1234567\t|\t\t|");
+  page.EndLine();
+  page.WriteAt(3, "ab\t|");
   EXPECT_EQ(Lines(page), (std::vector<std::string>{"        a       b", "žluťoučk        |",
-                                                   "1234567 |               |"}));
-}
-
-TEST(PageTest, TabBeyondTheLastStopGoesToTheNextLine) {
-  Page page("");
-  page.MoveTo(89);  // the last stop
-  page.Write("\tx");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(90, ' '), "x"}));
+                                                   "1234567 |               |", "  ab    |"}));
 }
 
 TEST(PageTest, WritesLinesAsTheirTextEndsThem) {
@@ -80,6 +69,7 @@ TEST(PageTest, WritesLinesAsTheirTextEndsThem) {
       {"\r\n", {""}},
       {"jeden\r\ndva\r\n", {"jeden", "dva"}},
       {"jeden\ndva", {"jeden", "dva"}},
+      {"jeden\rdva\r\r", {"jeden", "dva", ""}},
       {"jeden\r\n\r\n\ttři", {"jeden", "", "        tři"}},
   };
   for (const Row& row : rows) {
@@ -89,53 +79,77 @@ TEST(PageTest, WritesLinesAsTheirTextEndsThem) {
   }
 }
 
-TEST(PageTest, LinesWrittenAtOnceGoOnFromTheLineThatHasBegun) {
+TEST(PageTest, LinesUpToAnEmptyOneStayTogether) {
   Page page("");
-  page.Write("Postup: ");
-  page.WriteLines("první\r\ndruhý\r\n");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{"Postup: první", "druhý"}));
+  page.WriteLines("\r\njeden\r\ndva\r\n\r\n" + std::string(91, 'x') + "\n\n");
+  std::vector<bool> kept;
+  for (const ui::PrintedLine& line : page.Take().lines) kept.push_back(line.keep_with_next);
+  EXPECT_EQ(kept, (std::vector<bool>{false, true, false, false, true, false, false}));
+}
+
+TEST(PageTest, LinesAreKeptTogetherFromTheOneThatIsNamed) {
+  Page page("");
+  page.EmptyLines(2);
+  page.KeepTogether(2);  // none yet
+  const int first_line = page.LineCount();
+  page.EmptyLines(3);
+  page.KeepTogether(first_line);
+  page.EmptyLines(1);
+  std::vector<bool> kept;
+  for (const ui::PrintedLine& line : page.Take().lines) kept.push_back(line.keep_with_next);
+  EXPECT_EQ(kept, (std::vector<bool>{false, false, true, true, false, false}));
 }
 
 TEST(PageTest, BoldIsALineThatEndsWhileItIsOn) {
   Page page("");
-  page.Write("obyčejný");
+  page.WriteAt(1, "obyčejný");
   page.EndLine();
   page.SetBold(true);
-  page.Write("tučný");
+  page.WriteAt(1, "tučný");
   page.EndLine();
   page.WriteLines("také\r\n");
   page.SetBold(false);
-  page.Write("zas obyčejný");
+  page.WriteAt(1, "zas obyčejný");
   std::vector<bool> bold;
   for (const ui::PrintedLine& line : page.Take().lines) bold.push_back(line.bold);
   EXPECT_EQ(bold, (std::vector<bool>{false, true, true, false}));
 }
 
-TEST(PageTest, TextWrittenAtAColumnGoesOnThere) {
+TEST(PageTest, TextThatDoesNotFitGoesOnAtItsColumn) {
   Page page("");
-  page.WriteAt(88, "čtyři");
+  page.WriteAt(80, "na dva řádky");
   page.WriteAt(90, "|");
   page.EndLine();
-  page.WriteAt(3, "");
-  page.Write("x");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(87, ' ') + "čty",
-                                                   std::string(87, ' ') + "ři|", "  x"}));
+  page.WriteAt(88, "čtyři");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{
+                             std::string(79, ' ') + "na dva", std::string(79, ' ') + "řádky     |",
+                             std::string(87, ' ') + "čty", std::string(87, ' ') + "ři"}));
 }
 
-TEST(PageTest, PassedColumnIsMetInTheNextLineAndTheTextGoesOnThere) {
+TEST(PageTest, LineEndInATextEndsItsLine) {
   Page page("");
-  page.WriteAt(80, "0123456");
-  page.WriteAt(85, "abcdefgh");
-  EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(79, ' ') + "0123456",
-                                                   std::string(84, ' ') + "abcdef",
-                                                   std::string(84, ' ') + "gh"}));
+  page.WriteAt(3, "jeden\r\ndva\ntři\rčtyři");
+  page.WriteAt(9, "|");
+  EXPECT_EQ(Lines(page), (std::vector<std::string>{"  jeden", "  dva", "  tři", "  čtyři |"}));
+}
+
+TEST(PageTest, CountsTheLinesOfTheLastPage) {
+  Page page("");
+  EXPECT_EQ(page.LinesOnLastPage(), 0);
+  page.EmptyLines(65);
+  EXPECT_EQ(page.LinesOnLastPage(), 65);
+  page.EmptyLines(2);
+  EXPECT_EQ(page.LinesOnLastPage(), 2);
+  page.EmptyLines(62);
+  page.WriteLines("dva řádky,\nkteré patří k sobě");
+  EXPECT_EQ(page.LinesOnLastPage(), 2);
 }
 
 TEST(PageTest, CountsTheLinesThatAreEnded) {
   Page page("");
   EXPECT_EQ(page.LineCount(), 0);
   page.EmptyLines(2);
-  page.Write(std::string(91, 'x'));
+  page.WriteAt(1, std::string(91, 'x'));
   EXPECT_EQ(page.LineCount(), 3);
   page.EndLine();
   EXPECT_EQ(page.LineCount(), 4);
@@ -143,11 +157,58 @@ TEST(PageTest, CountsTheLinesThatAreEnded) {
 
 TEST(PageTest, FullLineIsNotFollowedByAnEmptyOne) {
   Page page("");
-  page.Write(std::string(90, 'x'));
+  page.WriteAt(1, std::string(90, 'x'));
   page.EndLine();
   page.EmptyLines(2);
-  page.Write("y");
+  page.WriteAt(1, "y");
   EXPECT_EQ(Lines(page), (std::vector<std::string>{std::string(90, 'x'), "", "", "y"}));
+}
+
+/// How a text is wrapped into so many cells.
+struct WrappedCase {
+  const char* text;
+  int width;
+  std::vector<std::string> lines;
+};
+
+TEST(WrappedTest, BreaksBetweenWords) {
+  const WrappedCase cases[] = {
+      {"", 5, {""}},
+      {"dva řádky", 9, {"dva řádky"}},
+      {"dva řádky", 8, {"dva", "řádky"}},
+      {"dva řádky", 5, {"dva", "řádky"}},
+      {"a b c d", 3, {"a b", "c d"}},
+      {"dva   řádky", 6, {"dva", "řádky"}},
+      {"dva   řádky", 11, {"dva   řádky"}},
+      {" dva  řádky", 7, {" dva", "řádky"}},
+      {"žluťoučký", 4, {"žluť", "oučk", "ý"}},
+      {"a žluťoučký b", 4, {"a", "žluť", "oučk", "ý b"}},
+      {"   žluťoučký", 4, {"   ž", "luťo", "učký"}},
+      {"mezery     ", 6, {"mezery"}},
+      {"mezery     ", 11, {"mezery     "}},
+      {"1\u00A0000 Kč", 6, {"1\u00A0000", "Kč"}},
+      {"e\u030Ce\u030Ce\u030C e\u030C", 3, {"ěěě", "ě"}},
+  };
+  for (const auto& [text, width, lines] : cases) {
+    EXPECT_EQ(Wrapped(text, 1, width), lines) << text << " in " << width;
+  }
+}
+
+TEST(WrappedTest, LineEndsInTheTextEndLines) {
+  EXPECT_EQ(Wrapped("a\nb\r\nc\rd", 1, 9), (std::vector<std::string>{"a", "b", "c", "d"}));
+  EXPECT_EQ(Wrapped("a\n\nb\n", 1, 9), (std::vector<std::string>{"a", "", "b"}));
+  EXPECT_EQ(Wrapped("dva řádky\ra třetí", 1, 7),
+            (std::vector<std::string>{"dva", "řádky", "a třetí"}));
+}
+
+TEST(WrappedTest, TabsStandForBlanks) {
+  EXPECT_EQ(Wrapped("ab\tc", 6, 20), (std::vector<std::string>{"ab c"}));
+  EXPECT_EQ(Wrapped("ab\tcdefg", 1, 12), (std::vector<std::string>{"ab", "cdefg"}));
+}
+
+TEST(WrappedTest, IsAsWideAsItsWidestLine) {
+  EXPECT_EQ(WidthOf({}), 0);
+  EXPECT_EQ(WidthOf({"a", "žluť", "e\u030C"}), 4);
 }
 
 }  // namespace

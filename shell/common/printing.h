@@ -6,8 +6,8 @@
 namespace velta {
 
 /// Print a document on a printer that the user chooses in the system's dialog, respectively on his
-/// default printer (with the dialog where there is none). Return false where he cancelled. A
-/// printer that fails: Error 482.
+/// default printer (with the dialog where there is none). Where it went to a file, the status line
+/// says to which. Return false where the user cancelled. A printer that fails: Error 482.
 bool PrintWithDialog(Program& program, const ui::PrintedDocument& document);
 bool PrintOnDefaultPrinter(Program& program, const ui::PrintedDocument& document);
 

@@ -87,6 +87,7 @@ void Runner::Do(const Command& command) {
     case Verb::kHint:
     case Verb::kClipboard:
     case Verb::kPrinted:
+    case Verb::kPaycode:
     case Verb::kOpened:
     case Verb::kStored:
       Read(command);
@@ -213,6 +214,11 @@ void Runner::Read(const Command& command) {
     case Verb::kClipboard:
       WriteValue(command, "clipboard", Value::Text(driver_.ClipboardText()));
       break;
+    case Verb::kPaycode: {
+      const auto& code = world_.printer.last_code;
+      WriteValue(command, "paycode", code ? Value::Text(code->payload) : Value::Bare("none"));
+      break;
+    }
     case Verb::kOpened:
       for (const std::string& line : std::exchange(world_.other_programs.opened, {})) {
         transcript_ << line << '\n';

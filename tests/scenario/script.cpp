@@ -151,6 +151,7 @@ class Parser {
       case Verb::kLoaded:
       case Verb::kHint:
       case Verb::kClipboard:
+      case Verb::kPaycode:
         return true;
       default:
         return false;
@@ -178,7 +179,7 @@ class Parser {
     static const std::map<std::string_view, Verb> kAlone = {
         {"start", Verb::kStart},   {"wait", Verb::kWait},           {"user", Verb::kUser},
         {"hint", Verb::kHint},     {"clipboard", Verb::kClipboard}, {"printed", Verb::kPrinted},
-        {"opened", Verb::kOpened}, {"stored", Verb::kStored},
+        {"opened", Verb::kOpened}, {"stored", Verb::kStored},       {"paycode", Verb::kPaycode},
     };
     const auto alone = kAlone.find(word);
     if (bare && alone != kAlone.end()) {

@@ -74,6 +74,7 @@ enum class Verb {
   kHint,
   kClipboard,
   kPrinted,
+  kPaycode,
   kOpened,
   kStored,
 };

@@ -92,9 +92,11 @@ class MemoryPrintJob final : public PrintJob {
  public:
   MemoryPrintJob(MemoryPrinter& printer, int copies) : printer_(printer), copies_(copies) {}
   int copies() const override { return copies_; }
+  std::string file() const override { return printer_.file; }
   bool Print(const PrintedDocument& document) override {
     if (printer_.fails) return false;
     printer_.printed.push_back({document, copies_});
+    printer_.last_code = document.code;
     return true;
   }
 

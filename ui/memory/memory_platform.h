@@ -116,6 +116,8 @@ class MemoryPrinter final : public Printer {
   std::optional<int> answer = 1;   ///< the copies that the user chooses; nullopt: he cancels
   std::vector<std::string> asked;  ///< the documents for which the dialog was shown
   std::vector<Printed> printed;
+  std::optional<PrintedCode> last_code;  ///< of the document that was printed last
+  std::string file;                      ///< that is written in place of a printer
   bool has_default = true;
   bool fails = false;
 };

@@ -24,11 +24,12 @@ class DesktopServicesTest : public ::testing::Test {
   DesktopServicesTest() { qputenv("PATH", folder_.path().toUtf8()); }
   void TearDown() override { qputenv("PATH", path_); }
 
-  /// A program that leaves a file when it runs.
-  void MakeProgram(const char* name) {
+  /// A program that leaves its argument in a file when it runs, and then does what `script` says.
+  void MakeProgram(const char* name, const QByteArray& script = "") {
     QFile program(folder_.filePath(name));
     ASSERT_TRUE(program.open(QIODevice::WriteOnly));
-    program.write("#!/bin/sh\n: > '" + folder_.filePath(name).toUtf8() + ".ran'\n");
+    program.write("#!/bin/sh\necho \"$1\" > '" + folder_.filePath(name).toUtf8() + ".ran'\n" +
+                  script + "\n");
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
   bool HasRun(const char* name) {
@@ -61,8 +62,59 @@ TEST_F(DesktopServicesTest, TheEditorIsStarted) {
   EXPECT_TRUE(HasRun("mousepad"));
 }
 
-TEST_F(DesktopServicesTest, AddressThatNobodyTakesIsRefused) {
-  EXPECT_FALSE(Opener().Open("velta-neznamy://nikde"));
+class OpenerTest : public DesktopServicesTest {
+ protected:
+  /// What the opener does, and that nobody writes anything to our standard error meanwhile.
+  static bool Open(const char* address) {
+    ::testing::internal::CaptureStderr();
+    const bool opened = Opener().Open(address);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+    return opened;
+  }
+  QByteArray ArgumentOf(const char* name) {
+    QFile trace(folder_.filePath(name) + ".ran");
+    return trace.open(QIODevice::ReadOnly) ? trace.readAll().trimmed() : "has not run";
+  }
+};
+
+TEST_F(OpenerTest, WithoutAnyProgramAddressesAreRefused) {
+  EXPECT_FALSE(Open("https://velta.example/"));
+  EXPECT_FALSE(Open("mailto:podpora@velta.example"));
+}
+
+TEST_F(OpenerTest, DesktopTakesAddresses) {
+  MakeProgram("xdg-open", "echo 'all is well' >&2");
+  MakeProgram("x-www-browser");
+  EXPECT_TRUE(Open("mailto:podpora@velta.example"));
+  EXPECT_EQ(ArgumentOf("xdg-open"), "mailto:podpora@velta.example");
+  EXPECT_TRUE(Open("https://velta.example/"));
+  EXPECT_EQ(ArgumentOf("xdg-open"), "https://velta.example/");
+  EXPECT_EQ(ArgumentOf("x-www-browser"), "has not run");
+}
+
+TEST_F(OpenerTest, DesktopThatFindsNoProgramRefuses) {
+  MakeProgram("xdg-open", "echo 'no method available' >&2\nexit 3");
+  EXPECT_FALSE(Open("https://velta.example/"));
+  EXPECT_EQ(ArgumentOf("xdg-open"), "https://velta.example/");
+}
+
+TEST_F(OpenerTest, BrowserThatStaysHasTakenTheAddress) {
+  // It waits until the test lets it go, which is after the opener has given up waiting.
+  const QByteArray goes = folder_.filePath("goes").toUtf8();
+  MakeProgram("xdg-open",
+              "while [ ! -e '" + goes + "' ]; do /bin/sleep 0.05; done; : >'" + goes + ".on'");
+  EXPECT_TRUE(Open("https://velta.example/"));
+  QFile let_go(goes);
+  ASSERT_TRUE(let_go.open(QIODevice::WriteOnly));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(goes + ".on"); })) << "it goes on";
+  QTest::qWait(100);  // until it is gone and forgotten
+}
+
+TEST_F(OpenerTest, WithoutADesktopTheBrowserTakesPagesButNoMail) {
+  MakeProgram("x-www-browser");
+  EXPECT_TRUE(Open("https://velta.example/"));
+  EXPECT_EQ(ArgumentOf("x-www-browser"), "https://velta.example/");
+  EXPECT_FALSE(Open("mailto:podpora@velta.example"));
 }
 
 TEST(ProgramFolderTest, IsWhereTheProgramReallyLies) {

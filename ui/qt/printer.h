@@ -15,6 +15,7 @@ class PrintJob final : public ui::PrintJob {
   explicit PrintJob(std::unique_ptr<QPrinter> printer) : printer_(std::move(printer)) {}
 
   int copies() const override { return printer_->copyCount(); }
+  std::string file() const override;
   bool Print(const ui::PrintedDocument& document) override;
 
  private:

@@ -1,9 +1,12 @@
 #include "ui/qt/help/help_page.h"
 
-#include <QDesktopServices>
+#include <QMessageBox>
 
 #include "shell/common/addresses.h"
+#include "shell/common/error_report.h"
 #include "ui/qt/help/chm_file.h"
+#include "ui/qt/opener.h"
+#include "ui/qt/text.h"
 
 namespace velta::qt {
 
@@ -33,7 +36,9 @@ void HelpPage::Follow(const QUrl& link) {
     setSource(link);
   } else if (link == home || home.isParentOf(link)) {
     // Out into the browser leads nothing but the maker's own pages.
-    QDesktopServices::openUrl(link);
+    const QString address = link.toString();
+    if (Opener().Open(ToUtf8(address))) return;
+    QMessageBox::critical(this, ToQString(kTitle), ToQString(NothingOpens(ToUtf8(address))));
   }
 }
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -23,17 +23,31 @@
 namespace velta::qt {
 namespace {
 
-/// Stands for the web browser.
-class Browser : public QTextBrowser {
+/// Stands for the desktop's way to the web browser.
+class Browser {
  public:
-  Browser() { QDesktopServices::setUrlHandler("https", this, "setSource"); }
-  ~Browser() override { QDesktopServices::unsetUrlHandler("https"); }
-  QStringList opened;
-
- protected:
-  void doSetSource(const QUrl& address, QTextDocument::ResourceType /*type*/) override {
-    opened.append(address.toString());
+  Browser() {
+    QFile program(folder_.filePath("xdg-open"));
+    EXPECT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\necho \"$1\" >>'" + List().toUtf8() + "'\n");
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("PATH", folder_.path().toUtf8());
   }
+  Browser(const Browser&) = delete;
+  Browser& operator=(const Browser&) = delete;
+  ~Browser() { qputenv("PATH", path_); }
+
+  QStringList opened() const {
+    QFile list(List());
+    if (!list.open(QIODevice::ReadOnly)) return {};
+    return QString::fromUtf8(list.readAll()).split('\n', Qt::SkipEmptyParts);
+  }
+
+ private:
+  QString List() const { return folder_.filePath("opened"); }
+
+  QTemporaryDir folder_;
+  QByteArray path_ = qgetenv("PATH");
 };
 
 class HelpViewerTest : public ::testing::Test {
@@ -223,7 +237,7 @@ TEST_F(HelpViewerTest, OnlyTheMakersPagesOpenInTheBrowser) {
                            "http://velta.example/", "file:///etc/passwd"}) {
     emit Page(window).anchorClicked(QUrl(link));
   }
-  EXPECT_EQ(browser.opened, makers);
+  EXPECT_EQ(browser.opened(), makers);
   EXPECT_EQ(window.page(), "/jednotlivy-vypocet.html");
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Letters with accents, in UTF-8.
+namespace velta {
+
+/// The text with each letter and the mark that follows it made into one character, where there is
+/// such a one in the European languages: some programs hand over "e" and U+030C for "ě".
+std::string Composed(std::string_view text);
+
+/// The text without accents and without what is not ASCII even so: "Žluťoučký kůň 5 €" is
+/// "Zlutoucky kun 5 ".
+std::string PlainAscii(std::string_view text);
+
+}  // namespace velta

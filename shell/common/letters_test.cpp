@@ -1,0 +1,34 @@
+#include "shell/common/letters.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace velta {
+namespace {
+
+TEST(LettersTest, LettersAndMarksBecomeOneCharacter) {
+  EXPECT_EQ(Composed("Z\u030Clut\u030Couc\u030Cky\u0301 ku\u030An\u030C"), "Žluťoučký kůň");
+  EXPECT_EQ(Composed("L\u030Cudovi\u0301t S\u030Ctu\u0301r, o\u0302d"), "Ľudovít Štúr, ôd");
+  EXPECT_EQ(Composed("Gu\u0308nter E\u0328 z\u0307 o\u030B n\u0303 c\u0327 I\u0307"),
+            "Günter Ę ż ő ñ ç İ");
+}
+
+TEST(LettersTest, WhatIsComposedOrCannotBeStaysAsItIs) {
+  EXPECT_EQ(Composed(""), "");
+  EXPECT_EQ(Composed("Žluťoučký kůň ‰ Київ 東京"), "Žluťoučký kůň ‰ Київ 東京");
+  EXPECT_EQ(Composed("x\u030C \u030Cx и\u0306"), "x\u030C \u030Cx и\u0306");
+}
+
+TEST(LettersTest, SecondMarkStaysBehindTheLetter) {
+  EXPECT_EQ(Composed("e\u0302\u0301x"), "ê\u0301x");
+}
+
+TEST(LettersTest, PlainAsciiHasNoAccentsAndNothingElse) {
+  EXPECT_EQ(PlainAscii("Žluťoučký kůň 5 €, ĎÁBEL"), "Zlutoucky kun 5 , DABEL");
+  EXPECT_EQ(PlainAscii("c\u030C x\u030C ê\u0301 東"), "c x e ");
+  EXPECT_EQ(PlainAscii("ÁČĎÉĚÍŇÓŘŠŤÚŮÝŽáčďéěíňóřšťúůýž"), "ACDEEINORSTUUYZacdeeinorstuuyz");
+}
+
+}  // namespace
+}  // namespace velta
