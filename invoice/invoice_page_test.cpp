@@ -391,8 +391,8 @@ TEST(InvoicePageTest, LargestAmountsOfARowTakeTwoLines) {
   EXPECT_EQ(
       TwoLinesFrom(Printed(result), "    |31.1.2004"),
       (Lines{"    |31.1.2004           922 337 203 685 477,58 Kč" + std::string(39, ' ') + "|",
-             "    |" + std::string(32, ' ') +
-                 "922 337 203 685 477,58 Kč  922 337 203 685 477,58 Kč|"}));
+             "    |" + std::string(33, ' ') +
+                 "922 337 203 685 477,58 Kč 922 337 203 685 477,58 Kč|"}));
 }
 
 // --- texts that are too long -------------------------------------------------------------------

@@ -43,6 +43,11 @@ class CellGrid {
     while (first > 0 && At(row, first - 1) == "-") --first;
     return At(row, first + 1) == "-" && At(row, first + 2) == "-";
   }
+  /// A bar that has a bar or a rule above it or below.
+  bool IsJoinedBar(std::size_t row, std::size_t cell) const {
+    const auto joins = [&](std::size_t other) { return IsBar(other, cell) || IsRule(other, cell); };
+    return IsBar(row, cell) && (joins(row + 1) || (row > 0 && joins(row - 1)));
+  }
   /// Whether a rule reaches that bar from a side.
   bool IsInRule(std::size_t row, std::size_t cell) const {
     return IsRule(row, cell + 1) || (cell > 0 && IsRule(row, cell - 1));
@@ -79,10 +84,9 @@ class PagePainter {
     const double scale = std::min({1.0, paper.width() / kPageWidth, paper.height() / kPageHeight});
     painter_.scale(scale, scale);
     dot_ = printer_.resolution() / 72.0;
-    const QFontMetricsF metrics(font_, &printer_);
-    ascent_ = metrics.ascent();
-    bar_ = metrics.tightBoundingRect("|");
-    hyphen_ = metrics.tightBoundingRect("-");
+    ascent_ = QFontMetricsF(font_, &printer_).ascent();
+    bar_ = OutlineOf("|");
+    hyphen_ = OutlineOf("-");
 
     const std::vector<std::size_t> starts = ui::PageStarts(document_.lines);
     bool first_page = true;  // that the painter has begun
@@ -100,6 +104,20 @@ class PagePainter {
   /// Whether the user wants that page; they are counted from 1.
   bool IsChosen(int page) const {
     return printer_.printRange() != QPrinter::PageRange || printer_.pageRanges().contains(page);
+  }
+
+  /// Where the ink of a character is, from its place on the baseline.
+  QRectF OutlineOf(const QString& character) const {
+    QPainterPath path;
+    path.addText(0, 0, InDots(font_.pointSizeF()), character);
+    return path.boundingRect();
+  }
+
+  /// The font in a size that is given in points.
+  QFont InDots(double points) const {
+    QFont font = font_;
+    font.setPixelSize(qRound(points * dot_));
+    return font;
   }
 
   double Left(std::size_t cell) const { return static_cast<double>(cell) * kCellWidth * dot_; }
@@ -136,12 +154,11 @@ class PagePainter {
   /// The line through the bars that stand below each other from this one on, up to the rules that
   /// it meets at its ends.
   void DrawBar(const CellGrid& grid, std::size_t row, std::size_t cell) {
-    if (!grid.IsBar(row, cell) || (row > 0 && grid.IsBar(row - 1, cell))) return;
+    if (!grid.IsJoinedBar(row, cell) || (row > 0 && grid.IsBar(row - 1, cell))) return;
     std::size_t last = row;
     while (grid.IsBar(last + 1, cell)) ++last;
     const bool rule_above = row > 0 && grid.IsRule(row - 1, cell);
     const bool rule_below = grid.IsRule(last + 1, cell);
-    if (row == last && !rule_above && !rule_below) return;  // it stands alone
     double top = Top(row);
     if (rule_above) top = RuleTop(row - 1);
     if (grid.IsInRule(row, cell)) top = RuleTop(row);
@@ -159,23 +176,22 @@ class PagePainter {
     QFont font = font_;
     font.setBold(bold);
     painter_.setFont(font);
-    // The box's corners are where its lines meet: the bars there do not stand out.
-    const bool corner = character == "|" && grid.IsInRule(row, cell) &&
-                        grid.IsBar(row - 1, cell) != grid.IsBar(row + 1, cell);
-    if (corner) {
-      const bool at_top = grid.IsBar(row + 1, cell);
-      const double top = at_top ? RuleTop(row) : Top(row);
-      const double bottom = at_top ? Top(row + 1) : RuleBottom(row);
-      painter_.setClipRect(QRectF(QPointF(Left(cell), top), QPointF(Left(cell + 1), bottom)));
+    // A character that a line goes through belongs to the page's text but not to its picture: its
+    // edges would show beside the line where a screen rounds both to its dots. Of it a single dot
+    // is drawn, within the line.
+    const bool joined = grid.IsRule(row, cell) || grid.IsJoinedBar(row, cell);
+    if (joined) {
+      const QPointF middle(Left(cell) + bar_.center().x(), RuleTop(row) + hyphen_.height() / 2);
+      painter_.setClipRect(QRectF(middle, QSizeF(1, 1)));
     }
     painter_.drawText(QPointF(Left(cell), Top(row) + ascent_), ToQString(character));
-    if (corner) painter_.setClipping(false);
+    if (joined) painter_.setClipping(false);
   }
 
   void DrawPageNumber(std::size_t page, std::size_t pages) {
     const QString text = QString("strana %1 / %2").arg(page).arg(pages);
-    painter_.setFont(SmallFont());
-    const double width = QFontMetricsF(SmallFont(), &printer_).horizontalAdvance(text);
+    painter_.setFont(InDots(kSmallPrint));
+    const double width = QFontMetricsF(InDots(kSmallPrint), &printer_).horizontalAdvance(text);
     painter_.drawText(
         QPointF(Left(ui::kCellsOfLine) - width, Top(ui::kLinesOfPage) + kSmallPrint * dot_), text);
   }
@@ -193,18 +209,12 @@ class PagePainter {
 
     // Drawn and not written: the page's text is its lines and nothing else.
     const QString caption = ToQString(code.caption);
-    const QFontMetricsF metrics(SmallFont(), &printer_);
+    const QFontMetricsF metrics(InDots(kSmallPrint), &printer_);
     constexpr double kBelow = kLineHeight + 0.5 * kSmallPrint;
     const double middle = left + (size - metrics.horizontalAdvance(caption)) / 2;
     QPainterPath letters;
-    letters.addText(middle, Top(row) + size + kBelow * dot_, SmallFont(), caption);
+    letters.addText(middle, Top(row) + size + kBelow * dot_, InDots(kSmallPrint), caption);
     painter_.fillPath(letters, Qt::black);
-  }
-
-  QFont SmallFont() const {
-    QFont font = font_;
-    font.setPixelSize(static_cast<int>(kSmallPrint * dot_));
-    return font;
   }
 
   QPrinter& printer_;
@@ -212,8 +222,8 @@ class PagePainter {
   const QFont font_;
   QPainter painter_;
   double dot_ = 1;  // how many of the printer's dots a point has
-  // Of the font, in dots: where the baseline lies below a line's top, and where the strokes of the
-  // two characters lie from the baseline's beginning.
+  // Of the font, in dots: where the baseline lies below a line's top, and the ink of the characters
+  // that are joined.
   double ascent_ = 0;
   QRectF bar_;
   QRectF hyphen_;

@@ -54,10 +54,24 @@ class PrintJobTest : public ::testing::Test {
   static std::string NumberedLine(int number) {
     return "[" + QString::number(number).leftJustified(88, '.').toStdString() + "]";
   }
-  static std::vector<std::string> NumbersFrom(int first, int last) {
+  /// The lines of a page, and below them its number where it has one.
+  static std::vector<std::string> NumbersFrom(int first, int last,
+                                              const std::string& page_number = "") {
     std::vector<std::string> lines;
     for (int i = first; i <= last; ++i) lines.push_back(NumberedLine(i));
+    if (!page_number.empty()) lines.push_back(page_number);
     return lines;
+  }
+  /// The pages, without the blanks before the numbers.
+  std::vector<std::vector<std::string>> Pages() const {
+    auto pages = PdfPages(file_);
+    for (auto& page : pages) {
+      for (std::string& line : page) {
+        const std::size_t number = line.find("strana ");
+        if (number != std::string::npos) line.erase(0, number);
+      }
+    }
+    return pages;
   }
 
   std::unique_ptr<QPrinter> FilePrinter() const {
@@ -111,8 +125,28 @@ TEST_F(PrintJobTest, ColumnsAreSixPointsWideAndLinesTwelvePointsHigh) {
 
 TEST_F(PrintJobTest, FullPageGoesOnToTheNextAndNoLineIsLost) {
   ASSERT_TRUE(Print(NumberedLines(150)));
-  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(1, 65), NumbersFrom(66, 130),
-                                                      NumbersFrom(131, 150)));
+  EXPECT_THAT(Pages(),
+              ::testing::ElementsAre(NumbersFrom(1, 65), NumbersFrom(66, 130, "strana 2 / 3"),
+                                     NumbersFrom(131, 150, "strana 3 / 3")));
+}
+
+TEST_F(PrintJobTest, LinesThatBelongTogetherGoOnTheNextPageTogether) {
+  ui::PrintedDocument document = NumberedLines(70);
+  for (std::size_t i = 60; i < 66; ++i) document.lines[i].keep_with_next = true;
+  ASSERT_TRUE(Print(document));
+  EXPECT_THAT(Pages(),
+              ::testing::ElementsAre(NumbersFrom(1, 60), NumbersFrom(61, 70, "strana 2 / 2")));
+}
+
+TEST_F(PrintJobTest, PageNumberStandsBelowTheLinesWithinTheMargins) {
+  ASSERT_TRUE(Print(NumberedLines(2 * ui::kLinesOfPage)));
+  const std::vector<PdfWord> words = PdfWords(file_);
+  const PdfWord& last_line = words[2 * ui::kLinesOfPage - 1];
+  const PdfWord& number = words.back();
+  EXPECT_EQ(number.text, "2");
+  EXPECT_GT(number.bottom, last_line.bottom + 2);
+  EXPECT_LE(number.bottom, 842 - 27 + 2) << "the room below the baseline is empty";
+  EXPECT_NEAR(number.right, 27 + 90 * 6, 1);
 }
 
 TEST_F(PrintJobTest, ExactlyFullPageIsFollowedByNoEmptyOne) {
@@ -125,7 +159,8 @@ TEST_F(PrintJobTest, OnlyTheChosenPagesArePrinted) {
   printer->setPrintRange(QPrinter::PageRange);
   printer->setFromTo(2, 3);
   ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(4 * ui::kLinesOfPage)));
-  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(NumbersFrom(66, 130), NumbersFrom(131, 195)));
+  EXPECT_THAT(Pages(), ::testing::ElementsAre(NumbersFrom(66, 130, "strana 2 / 4"),
+                                              NumbersFrom(131, 195, "strana 3 / 4")));
 }
 
 TEST_F(PrintJobTest, PrinterWithWideMarginsPrintsSmallerAndCutsNothingOff) {
