@@ -108,6 +108,36 @@ start_desktop() {
   xdotool mousemove 1279 899  # a resting pointer would change the hints
 }
 
+# start_accessibility: a message bus of its own, and on it the one for accessibility, which has to be there before
+# the program is
+debian_python=/usr/bin/python3  # Debian's own, which has the library
+start_accessibility() {
+  need_tools dbus-daemon dbus-send "$debian_python"
+  if ! "$debian_python" -c 'import gi; gi.require_version("Atspi", "2.0")' 2>/dev/null; then
+    echo "Skipped: python3-gi and gir1.2-atspi-2.0 are not installed (./dev test installs them)."
+    exit 77
+  fi
+  dbus-daemon --session --nofork --print-address >"$scratch/bus" 2>"$scratch/bus.log" &
+  desktop_pids=($! "${desktop_pids[@]}")
+  wait_until "the message bus listens" test -s "$scratch/bus"
+  DBUS_SESSION_BUS_ADDRESS=$(<"$scratch/bus")
+  export DBUS_SESSION_BUS_ADDRESS QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+  if ! dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress \
+    >"$scratch/a11y" 2>&1; then
+    echo "Skipped: there is no accessibility bus to be had (at-spi2-core): $(<"$scratch/a11y")"
+    exit 77
+  fi
+}
+
+# point_at BUTTON: the pointer onto the middle of the button of that name, wherever the window has it
+point_at() {
+  local place
+  place=$("$debian_python" "$(dirname "${BASH_SOURCE[0]}")/where.py" "$1") || fail "no button \"$1\" to point at"
+  # shellcheck disable=SC2086  # two numbers
+  xdotool mousemove $place
+  sleep 0.1
+}
+
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
 
 # start_velta PROGRAM: up to its splash at least. What it writes to standard error is kept for expect_exit.
