@@ -25,6 +25,12 @@ picture 1-history
 
 press alt+t
 wait_until "the print dialog has the keyboard" is_active box
+press Escape
+wait_until "the print dialog is closed" is_closed box
+stays "there is no message" is_closed box
+wait_until "the keyboard is back" is_active main
+press alt+t
+wait_until "the print dialog has the keyboard" is_active box
 sleep 0.3
 press alt+t
 wait_until "the print dialog is closed" is_closed box

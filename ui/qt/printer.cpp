@@ -67,42 +67,43 @@ QString FileName(QString document_name) {
   return document_name.trimmed() + ".pdf";
 }
 
-/// Qt's print dialog, with a file suggested for a printout that goes to one.
-class PrintDialog final : public QPrintDialog {
- public:
-  PrintDialog(QPrinter& printer, QWidget* parent, const QString& document_name)
-      : QPrintDialog(&printer, parent), file_name_(findChild<QLineEdit*>("filename")) {
-    if (file_name_ != nullptr) file_name_->setText(folder_.filePath(FileName(document_name)));
-  }
+/// What the user has typed, with a folder and an ending.
+QString WholeFileName(const QString& typed, const QDir& folder) {
+  // Digits are a number at the end of the name and no ending: "Faktura 10.3.2005".
+  static const QRegularExpression kEnding(R"(\.[A-Za-z][A-Za-z0-9]{1,4}$)");
+  const QString name = typed.trimmed();
+  if (name.isEmpty() || name.endsWith('/')) return name;  // Qt says what is wrong
+  return folder.absoluteFilePath(kEnding.match(name).hasMatch() ? name : name + ".pdf");
+}
 
-  void accept() override {
-    // Before Qt looks whether there is such a file already.
-    if (file_name_ != nullptr) file_name_->setText(WholeFileName(file_name_->text()));
-    QPrintDialog::accept();
+/// The dialog's button that does `role`.
+QAbstractButton* ButtonOf(const QPrintDialog& dialog, QDialogButtonBox::ButtonRole role) {
+  const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+  if (buttons == nullptr) return nullptr;
+  for (QAbstractButton* const button : buttons->buttons()) {
+    if (buttons->buttonRole(button) == role) return button;
   }
+  return nullptr;
+}
 
- private:
-  /// What the user has typed, with a folder and an ending.
-  QString WholeFileName(const QString& typed) const {
-    // Digits are a number at the end of the name and no ending: "Faktura 10.3.2005".
-    static const QRegularExpression kEnding(R"(\.[A-Za-z][A-Za-z0-9]{1,4}$)");
-    const QString name = typed.trimmed();
-    if (name.isEmpty() || name.endsWith('/')) return name;  // Qt says what is wrong
-    return folder_.absoluteFilePath(kEnding.match(name).hasMatch() ? name : name + ".pdf");
-  }
-
-  const QDir folder_ = FolderForFiles();
-  QLineEdit* const file_name_;
-};
+/// Suggests a file for a printout that goes to one, and completes what the user types instead.
+void SuggestFile(const QPrintDialog& dialog, const QString& document_name) {
+  auto* const file_name = dialog.findChild<QLineEdit*>("filename");
+  const auto* const print = ButtonOf(dialog, QDialogButtonBox::AcceptRole);
+  if (file_name == nullptr || print == nullptr) return;
+  const QDir folder = FolderForFiles();
+  file_name->setText(folder.filePath(FileName(document_name)));
+  // When the button is released Qt looks already whether there is such a file.
+  QObject::connect(print, &QAbstractButton::pressed, file_name, [file_name, folder] {
+    file_name->setText(WholeFileName(file_name->text(), folder));
+  });
+}
 
 /// Opens the lower part of the dialog, where the copies are. Its button is the one that neither
 /// prints nor cancels.
 void ShowCopies(const QPrintDialog& dialog) {
-  const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
-  if (buttons == nullptr) return;
-  for (QAbstractButton* const button : buttons->buttons()) {
-    if (buttons->buttonRole(button) == QDialogButtonBox::ResetRole) button->click();
-  }
+  auto* const options = ButtonOf(dialog, QDialogButtonBox::ResetRole);
+  if (options != nullptr) options->click();
 }
 
 }  // namespace
@@ -139,8 +140,9 @@ std::unique_ptr<ui::PrintJob> Printer::AskUser(const std::string& document_name)
   const EventLoop::Pause pause(event_loop_);
   auto printer = MakePagePrinter();
   QWidget* const asking = QApplication::activeWindow();
-  PrintDialog dialog(*printer, asking, ToQString(document_name));
+  QPrintDialog dialog(printer.get(), asking);
   dialog.setOption(QAbstractPrintDialog::PrintShowPageSize, false);  // the layout is for A4
+  SuggestFile(dialog, ToQString(document_name));
   ShowCopies(dialog);
   const bool accepted = dialog.exec() == QDialog::Accepted;
   // With the question whether to replace a file two dialogs go at once, and the desktop may give

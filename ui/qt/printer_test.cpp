@@ -8,16 +8,20 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <csignal>
 #include <functional>
 #include <memory>
@@ -171,16 +175,89 @@ TEST_F(PrintJobTest, PrinterWithWideMarginsPrintsSmallerAndCutsNothingOff) {
     ASSERT_TRUE(PrintJob(std::move(printer)).Print(NumberedLines(150)));
 
     EXPECT_EQ(PdfPages(file_).size(), 3U);
-    const std::vector<PdfWord> words = PdfWords(file_);
-    ASSERT_EQ(words.size(), 150U);
-    for (int i = 0; i < 150; ++i) {
-      const PdfWord& word = words[static_cast<std::size_t>(i)];
-      EXPECT_EQ(word.text.toStdString(), NumberedLine(i + 1));
+    int number = 0;
+    for (const PdfWord& word : PdfWords(file_)) {
+      // The number of a page too is within the margins.
+      if (word.text.startsWith('[')) {
+        EXPECT_EQ(word.text.toStdString(), NumberedLine(++number));
+      }
       EXPECT_GE(word.left, margins.left() - kTenthOfPoint);
       EXPECT_LE(word.right, 595 - margins.right() + 1);
-      EXPECT_LE(word.bottom, 842 - margins.bottom() + 1);
+      EXPECT_LE(word.bottom, 842 - margins.bottom() + 2);
+    }
+    EXPECT_EQ(number, 150);
+  }
+}
+
+/// A picture of the first page in gray, so many dots to an inch.
+QImage PictureOf(const QString& file, int dots) {
+  RunPdfTool("pdftoppm", {"-r", QString::number(dots), "-gray", "-singlefile", file, file});
+  return QImage(file + ".pgm");
+}
+
+TEST_F(PrintJobTest, BarsAndRulesAreLinesWithoutGaps) {
+  const std::string rule = "    |" + std::string(10, '-') + "|";
+  const std::string empty = "    |    |     |";
+  ASSERT_TRUE(Print(Document({{rule}, {empty}, {empty}, {rule}, {empty}, {rule}, {"| a-b --"}})));
+  EXPECT_THAT(PdfPages(file_), ::testing::ElementsAre(std::vector<std::string>{
+                                   rule, empty, empty, rule, empty, rule, "| a-b --"}))
+      << "the characters are still there";
+
+  constexpr int kDots = 144;  // two to a point
+  const QImage page = PictureOf(file_, kDots);
+  const auto is_dark = [&](double x, double y) {
+    // Somewhere about: a line is about a point wide, and the picture has its own rounding.
+    int darkest = 255;
+    for (int dx = -2; dx <= 2; ++dx) {
+      for (int dy = -2; dy <= 2; ++dy) {
+        const QPoint dot(static_cast<int>(2 * x) + dx, static_cast<int>(2 * y) + dy);
+        darkest = std::min(darkest, qGray(page.pixel(dot)));
+      }
+    }
+    return darkest < 128;
+  };
+  const auto cell = [](int column) { return 27 + (column - 0.5) * 6; };
+  constexpr double kTop = 27 + 6;  // the middle of the first line
+  for (const int column : {5, 10, 16}) {
+    for (double y = kTop; y <= kTop + 5 * 12; y += 0.5) {
+      EXPECT_TRUE(is_dark(cell(column), y)) << "column " << column << " at " << y;
     }
   }
+  for (const int line : {0, 3, 5}) {
+    for (double x = cell(5); x <= cell(16); x += 0.5) {
+      EXPECT_TRUE(is_dark(x, kTop + line * 12)) << "line " << line << " at " << x;
+    }
+  }
+  EXPECT_FALSE(is_dark(cell(5), kTop - 5)) << "nothing stands out of the box's corner";
+  EXPECT_FALSE(is_dark(cell(1), kTop + 6 * 12 - 7)) << "a bar alone is a character like others";
+}
+
+TEST_F(PrintJobTest, CodeIsReadBackFromThePage) {
+  if (QStandardPaths::findExecutable("zbarimg").isEmpty()) {
+    GTEST_SKIP() << "zbar-tools is not installed";
+  }
+  ui::PrintedDocument document = NumberedLines(80);
+  for (std::size_t i = 65; i < 76; ++i) document.lines[i].text.clear();
+  const std::string payload =
+      "SPD*1.0*ACC:CZ6508000000192000145399*AM:1234.50*CC:CZK*X-VS:2026001*DT:20260129*MSG:"
+      "PENALIZACNI FAKTURA 2026001";
+  document.code = {payload, "QR Platba", 66, 74, 7};
+  ASSERT_TRUE(Print(document));
+  EXPECT_EQ(PdfPages(file_)[0], NumbersFrom(1, 65));
+  EXPECT_EQ(Pages()[1], NumbersFrom(77, 80, "strana 2 / 2")) << "the caption is no text";
+
+  // As a telephone sees it, and a fax machine.
+  for (const char* dots : {"300", "100"}) {
+    RunPdfTool("pdftoppm", {"-r", dots, "-f", "2", "-png", "-singlefile", file_, file_});
+    EXPECT_EQ(RunPdfTool("zbarimg", {"-q", "--raw", "--nodbus", file_ + ".png"}).toStdString(),
+              payload + "\n");
+  }
+}
+
+TEST_F(PrintJobTest, CombiningMarkIsDrawnOntoItsLetter) {
+  const std::string text = "x\u0323y";
+  ASSERT_TRUE(Print(Document({{text + "|"}})));
+  EXPECT_NEAR(PdfWords(file_).back().right, 27 + 3 * 6, 1) << "three cells, not four";
 }
 
 TEST_F(PrintJobTest, FontsAreEmbeddedAndOfFixedPitch) {
@@ -230,6 +307,9 @@ class PrintDialogTest : public ::testing::Test {
     ASSERT_TRUE(home_.isValid());
     qputenv("HOME", home_.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home_.filePath(".config").toUtf8());
+    QSettings(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::applicationName(),
+              "printing")
+        .clear();
   }
   void TearDown() override {
     qputenv("HOME", old_home_);
@@ -239,8 +319,8 @@ class PrintDialogTest : public ::testing::Test {
 
   using Question = std::unique_ptr<ui::PrintJob> (Printer::*)(const std::string&);
 
-  /// Asks for a printer and lets `user` act on the dialog, which is cancelled if it is still open
-  /// after that.
+  /// Asks for a printer for `document_` and lets `user` act on the dialog, which is cancelled if it
+  /// is still open after that.
   std::unique_ptr<ui::PrintJob> Ask(const std::function<void(QPrintDialog&)>& user,
                                     Question question = &Printer::AskUser) {
     bool shown = false;
@@ -251,7 +331,7 @@ class PrintDialogTest : public ::testing::Test {
       user(*dialog);
       if (dialog->isVisible()) dialog->reject();
     });
-    auto job = (service_.*question)("Výpočet úroku z prodlení");
+    auto job = (service_.*question)(document_);
     EXPECT_TRUE(shown);
     return job;
   }
@@ -269,6 +349,23 @@ class PrintDialogTest : public ::testing::Test {
     FAIL() << "no button " << text.toStdString();
   }
 
+  /// Prints to the file that the user names.
+  std::unique_ptr<ui::PrintJob> PrintTo(const QString& name) {
+    auto job = Ask([&](QPrintDialog& dialog) {
+      Find<QLineEdit>(dialog, "filename").setText(name);
+      Press(dialog, "&Tisk");
+    });
+    EXPECT_NE(job, nullptr);
+    EXPECT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, {{"řádek"}}}));
+    return job;
+  }
+  QString Suggested() {
+    QString name;
+    Ask([&](QPrintDialog& dialog) { name = Find<QLineEdit>(dialog, "filename").text(); });
+    return name;
+  }
+
+  std::string document_ = "Výpočet úroku z prodlení";
   QTemporaryDir home_;
   QByteArray old_home_ = qgetenv("HOME");
   QByteArray old_config_ = qgetenv("XDG_CONFIG_HOME");
@@ -304,6 +401,53 @@ TEST_F(PrintDialogTest, SuggestsAFileInTheDocumentsWhereThereIsSuchAFolder) {
     EXPECT_EQ(Find<QLineEdit>(dialog, "filename").text(),
               home_.filePath("Dokumenty/Výpočet úroku z prodlení.pdf"));
   });
+}
+
+TEST_F(PrintDialogTest, SuggestsANameThatFilesCanHave) {
+  document_ = "Penalizační faktura 2026/001: \"A\\B\" <*?|\n>";
+  EXPECT_EQ(Suggested(), home_.filePath("Penalizační faktura 2026-001- -A-B- ------.pdf"));
+  document_ = "Faktura " + std::string(300, 'x');
+  EXPECT_EQ(Suggested(), home_.filePath("Faktura " + QString(112, 'x') + ".pdf"));
+}
+
+TEST_F(PrintDialogTest, NextFileIsSuggestedInTheFolderOfTheLast) {
+  ASSERT_TRUE(QDir(home_.path()).mkpath("Faktury/2026"));
+  PrintTo(home_.filePath("Faktury/2026/první.pdf"));
+  EXPECT_EQ(Suggested(), home_.filePath("Faktury/2026/Výpočet úroku z prodlení.pdf"));
+  ASSERT_TRUE(QDir(home_.filePath("Faktury")).removeRecursively());
+  EXPECT_EQ(Suggested(), home_.filePath("Výpočet úroku z prodlení.pdf"));
+}
+
+TEST_F(PrintDialogTest, FileGetsItsEndingAndItsFolder) {
+  struct Row {
+    const char* typed;
+    const char* file;
+  };
+  for (const auto& [typed, file] :
+       {Row{"jedna", "jedna.pdf"}, Row{"dva.pdf", "dva.pdf"}, Row{"tri.PDF", "tri.PDF"},
+        Row{"výpočet 10.3.2005", "výpočet 10.3.2005.pdf"},
+        Row{" Novák s.r.o. ", "Novák s.r.o..pdf"}, Row{"jiný.ps7", "jiný.ps7"}}) {
+    EXPECT_EQ(PrintTo(typed)->file(), home_.filePath(file).toStdString()) << typed;
+    EXPECT_TRUE(QFile::exists(home_.filePath(file))) << typed;
+  }
+}
+
+TEST_F(PrintDialogTest, ReplacesNoFileByTheEndingThatItAdds) {
+  QFile file(home_.filePath("jedna.pdf"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  bool asked = false;
+  const auto job = Ask([&](QPrintDialog& dialog) {
+    Find<QLineEdit>(dialog, "filename").setText("jedna");
+    QTimer::singleShot(0, &context_, [&] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      asked = true;
+      box->button(QMessageBox::No)->click();
+    });
+    Press(dialog, "&Tisk");
+  });
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(job, nullptr);
 }
 
 TEST_F(PrintDialogTest, ShowsTheCopiesAtOnceAndStartsWithOne) {
@@ -369,8 +513,9 @@ TEST_F(PrintDialogTest, PrintsThePagesThatTheUserChooses) {
   lines[kPage].text = "druhá";
   lines[2 * kPage].text = "třetí";
   ASSERT_TRUE(job->Print({"Zkouška", "Courier New CE", 10, lines}));
-  EXPECT_THAT(PdfPages(home_.filePath("Výpočet úroku z prodlení.pdf")),
-              ::testing::ElementsAre(std::vector<std::string>{"druhá"}));
+  const auto pages = PdfPages(home_.filePath("Výpočet úroku z prodlení.pdf"));
+  ASSERT_EQ(pages.size(), 1U);
+  EXPECT_EQ(pages[0].front(), "druhá");
 }
 
 TEST_F(PrintDialogTest, AsksInCzechBeforeItReplacesAFile) {
