@@ -30,7 +30,8 @@ void frmAbout::OnLoad() {
   lblUzivatel.SetCaption("Uživatel  " + program_.platform.user_name.Get().value_or("<neznámý>"));
   Label3.SetCaption("© 2026 autoři programu Velta. Svobodný program pod licencí MIT, bez záruky.");
   Label5.SetCaption(
-      "Používá knihovny Qt (licence GNU LGPL 3), CHMLIB (GNU LGPL 2.1) a CUPS (Apache 2.0).");
+      "Používá knihovny Qt (licence GNU LGPL 3), CHMLIB (GNU LGPL 2.1), CUPS (Apache 2.0) a "
+      "qrcodegen (MIT).");
   Label6.SetCaption("Technická podpora");
   LblMailto.SetCaption(kSupportMail);
   Label8.SetCaption(kSupportPage);

@@ -119,6 +119,27 @@ TEST(ProgressivePrintoutTest, RepoRegimePrintsTheReportAsItStandsWithItsValuesIn
                    "Úrok z prodlení celkem          50,00 Kč"}));
 }
 
+TEST(ProgressivePrintoutTest, IsNamedAfterTheAmountOwedAndItsDueDate) {
+  const std::int64_t crown = Money::kUnitsPerCrown;
+  ProgressiveResult result = AtRate(RateKind::kPercentYearly, 8.5F, {}, 0);
+  result.payments = {Paid(1, 4000 * crown, 1), Paid(2, 6000 * crown, 1)};
+  result.payments[0].balance = Money::FromUnits(6000 * crown);
+  EXPECT_EQ(ProgressivePrintout(result, "", {}).name,
+            "Výpočet úroku z prodlení 10 000 Kč 10.3.2005");
+  result.kind = RateKind::kRepo;
+  EXPECT_EQ(ProgressivePrintout(result, "", {}).name,
+            "Výpočet úroku z prodlení 10 000 Kč 10.3.2005");
+}
+
+TEST(ProgressivePrintoutTest, PaymentIsNotPartedByTheEndOfAPage) {
+  ProgressiveResult result = AtRate(RateKind::kPercentYearly, 8.5F, {}, 0);
+  for (int days = 1; days <= 9; ++days) result.payments.push_back(Paid(days, 1, 1));
+  const auto lines = ProgressivePrintout(result, "", {}).lines;
+  // Two lines of the heading and eight for each payment: of the eighth a line would not fit.
+  EXPECT_EQ(ui::PageStarts(lines), (std::vector<std::size_t>{0, 2 + 7 * 8}));
+  EXPECT_EQ(lines[2 + 7 * 8].text, kRule);
+}
+
 TEST(ProgressivePrintoutTest, LongPrintoutLosesNoPayment) {
   ProgressiveResult result = AtRate(RateKind::kPercentYearly, 8.5F, {}, 0);
   for (int days = 1; days <= 200; ++days)

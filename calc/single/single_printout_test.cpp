@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "calc/account_texts.h"
 #include "tests/support/day.h"
 
 namespace velta {
@@ -15,7 +14,6 @@ using Lines = std::vector<std::string>;
 
 Lines Printed(const SingleResult& result) {
   const ui::PrintedDocument document = SinglePrintout(result, {});
-  EXPECT_EQ(document.name, PrintoutName(result.base_amount, result.due_date, {}));
   EXPECT_EQ(document.font, "Courier New CE");
   EXPECT_EQ(document.point_size, 10);
   Lines lines;
@@ -62,6 +60,26 @@ SingleResult SingleRate(RateKind kind, Rate rate) {
 
 TEST(SinglePrintoutTest, TypedRate) {
   EXPECT_EQ(Printed(SingleRate(RateKind::kPercentYearly, 8.5F)), SingleRatePage("8,5 % ročně"));
+}
+
+TEST(SinglePrintoutTest, IsNamedAfterTheAmountAndItsDueDate) {
+  SingleResult result = SingleRate(RateKind::kPercentYearly, 8.5F);
+  EXPECT_EQ(SinglePrintout(result, {}).name, "Výpočet úroku z prodlení 10 000 Kč 10.3.2005");
+  result.base_amount = Money::FromUnits(12'345'678'900);
+  EXPECT_EQ(SinglePrintout(result, {",", "\u00A0", "d.M.yyyy"}).name,
+            "Výpočet úroku z prodlení 1 234 567,89 Kč 10.3.2005");
+  EXPECT_EQ(SinglePrintout(result, {".", ",", "M/d/yyyy"}).name,
+            "Výpočet úroku z prodlení 1 234 567.89 Kč 3/10/2005");
+}
+
+TEST(SinglePrintoutTest, PeriodsAndSumsAreNotPartedByTheEndOfAPage) {
+  SingleResult result = SingleRate(RateKind::kRepo, 0);
+  result.periods.resize(8);
+  const auto lines = SinglePrintout(result, {}).lines;
+  // Three empty lines and four of the heading, then eleven for each period: five and their empty
+  // lines, and one more. The page's 65th line is in the sixth period, which begins at line 62.
+  EXPECT_EQ(ui::PageStarts(lines), (std::vector<std::size_t>{0, 62}));
+  EXPECT_TRUE(lines[62].text.starts_with("    Úrok z prodlení ode dne:"));
 }
 
 TEST(SinglePrintoutTest, DiscountRateHasTwoBlanksBeforeItsSign) {

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "tests/support/thrown.h"
+#include "ui/controls.h"
 #include "ui/memory/memory_platform.h"
+#include "ui/window.h"
 
 namespace velta {
 namespace {
@@ -19,6 +21,7 @@ class PrintingTest : public ::testing::Test {
   ui::MemoryPrinter& printer() { return memory_.printer; }
 
   ui::MemoryPlatform memory_;
+  ui::Window window_{"frmMenu", ui::WindowKind::kMain, memory_.event_loop};
   Program program_{memory_.platform(), {}};
   const ui::PrintedDocument document_{"Faktura", "Courier New CE", 10, {{"řádek"}}};
 };
@@ -47,6 +50,17 @@ TEST_F(PrintingTest, WithoutADefaultPrinterTheUserIsAsked) {
   EXPECT_EQ(printer().asked, std::vector<std::string>{"Faktura"});
   ASSERT_EQ(printer().printed.size(), 1U);
   EXPECT_EQ(printer().printed[0].copies, 2);
+}
+
+TEST_F(PrintingTest, StatusLineSaysToWhichFileItWent) {
+  ui::Label status{window_, "lblMSG"};
+  program_.status.Attach(&status);
+  EXPECT_TRUE(PrintWithDialog(program_, document_));
+  EXPECT_EQ(status.caption(), "") << "a printer is no file";
+  printer().file = "/home/novak/Faktura.pdf";
+  EXPECT_TRUE(PrintWithDialog(program_, document_));
+  EXPECT_EQ(status.caption(), "Uloženo do souboru /home/novak/Faktura.pdf");
+  program_.status.Attach(nullptr);
 }
 
 TEST_F(PrintingTest, CancelledDialogPrintsNothing) {
