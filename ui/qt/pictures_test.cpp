@@ -6,7 +6,9 @@
 #include <QDirIterator>
 #include <QImage>
 #include <QPixmap>
+#include <cctype>
 #include <string>
+#include <vector>
 
 #include "ui/qt/text.h"
 
