@@ -94,7 +94,6 @@ press Tab
 fill '20 000'
 press alt+p
 wait_until "the first payment is added" sleep 0.5
-press shift+Tab
 fill 30.4.2025
 press Tab
 fill '40 000'
