@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# try_package.sh RELEASE PACKAGE ROOT
+# The package's life on a clean Debian: installed, used by an ordinary user, kept through an update with the
+# rates that the administrator has put in, and removed without leaving anything.
+set -euo pipefail
+folder=$(cd "$(dirname "$0")" && pwd)
+source "$folder/clean_root.sh"
+release=$1 package=$2 root=$3
+
+fail() {
+  echo "FAILED: $1" >&2
+  exit 1
+}
+install_packages() {
+  in_root "$root" apt-get -qq install -y --no-install-recommends -o Acquire::Retries=3 "$@"
+}
+# leftovers: every file of the program, wherever it lies
+leftovers() { in_root "$root" find / -xdev -iname '*velta*' ! -path '/home/*' ! -path '/tmp/*' ! -path '/proc/*'; }
+
+make_root "$release" "$root"
+cp "$package" "$root/tmp/velta.deb"
+[[ -z $(leftovers) ]] || fail "the clean root is not clean"
+
+in_root "$root" apt-get -qq update
+install_packages /tmp/velta.deb fonts-liberation
+# Before anything else is installed: all that the program needs has come with it.
+for program in velta velta-check-rates; do
+  if in_root "$root" ldd "/usr/bin/$program" | grep 'not found'; then fail "$program lacks a library"; fi
+done
+for table in cnb repo; do
+  as_user "$root" "velta-check-rates $table /usr/lib/velta/$table.dat"
+done
+echo "ok: installed"
+
+install_packages xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick poppler-utils
+cp -r "$folder/../gui" "$root/home/tester/"
+for road in typical_road print_to_pdf help; do
+  as_user "$root" "bash gui/$road.sh /usr/bin/velta pictures/$road" || fail "$road, see $root/home/tester/pictures"
+  echo "ok: $road"
+done
+
+echo "01012099 " >>"$root/etc/velta/repo.dat"
+in_root "$root" dpkg -i /tmp/velta.deb
+grep -q 01012099 "$root/etc/velta/repo.dat" || fail "an update has replaced the administrator's table"
+echo "ok: a new table outlives an update"
+
+in_root "$root" apt-get -qq purge -y velta
+[[ -z $(leftovers) ]] || fail "left behind: $(leftovers)"
+echo "ok: removed without leftovers"
+keep_packages "$release" "$root"
