@@ -177,13 +177,10 @@ class PagePainter {
     font.setBold(bold);
     painter_.setFont(font);
     // A character that a line goes through belongs to the page's text but not to its picture: its
-    // edges would show beside the line where a screen rounds both to its dots. Of it a single dot
-    // is drawn, within the line.
+    // edges would show beside the line where a screen rounds both to its dots. So it is drawn
+    // behind a hole in which it has no ink, the upper left corner of its cell.
     const bool joined = grid.IsRule(row, cell) || grid.IsJoinedBar(row, cell);
-    if (joined) {
-      const QPointF middle(Left(cell) + bar_.center().x(), RuleTop(row) + hyphen_.height() / 2);
-      painter_.setClipRect(QRectF(middle, QSizeF(1, 1)));
-    }
+    if (joined) painter_.setClipRect(QRectF(Left(cell), Top(row), 1, 1));
     painter_.drawText(QPointF(Left(cell), Top(row) + ascent_), ToQString(character));
     if (joined) painter_.setClipping(false);
   }
