@@ -268,10 +268,10 @@ std::string TotalText(const ProgressiveResult& result, const ui::LocaleFormat& l
 constexpr int kCodeHeight = 7;
 
 /// Whether nothing stands where the code of that line and its light border would.
-bool HasRoomForCode(const std::vector<ui::PrintedLine>& lines, int code_line) {
+bool HasRoomForCode(const std::vector<ui::PrintedLine>& lines, std::size_t code_line) {
   constexpr int kBorder = 2;  // cells on either side; above and below it is a line
-  const auto first = static_cast<std::size_t>(code_line - 1);
-  const auto end = static_cast<std::size_t>(code_line + kCodeHeight + 1);
+  const std::size_t first = code_line - 1;
+  const std::size_t end = code_line + std::size_t{kCodeHeight} + 1;
   if (end > lines.size()) return false;
   for (const std::size_t page : ui::PageStarts(lines)) {
     if (first < page && page < end) return false;
@@ -287,10 +287,11 @@ bool HasRoomForCode(const std::vector<ui::PrintedLine>& lines, int code_line) {
 
 /// Puts the code beside the account, which has the lines from `account` up to `end`, or right below
 /// it. It is left out where that space is taken.
-void AddCode(ui::PrintedDocument& document, const std::string& payload, int account, int end) {
-  for (int line = account + 1; line <= end + 1; ++line) {
+void AddCode(ui::PrintedDocument& document, const std::string& payload, std::size_t account,
+             std::size_t end) {
+  for (std::size_t line = account + 1; line <= end + 1; ++line) {
     if (!HasRoomForCode(document.lines, line)) continue;
-    document.code = {payload, "QR Platba", static_cast<std::size_t>(line), kValue, kCodeHeight};
+    document.code = {payload, "QR Platba", line, kValue, kCodeHeight};
     return;
   }
 }
@@ -324,7 +325,7 @@ ui::PrintedDocument InvoicePage(const Invoice& invoice, const ProgramSettings& s
   ui::PrintedDocument document = page.Take();
   if (const auto payload =
           PaymentCode(settings.Banka, AmountToPay(calculation), invoice.due, invoice.number)) {
-    AddCode(document, *payload, account, end);
+    AddCode(document, *payload, static_cast<std::size_t>(account), static_cast<std::size_t>(end));
   }
   return document;
 }

@@ -151,7 +151,7 @@ std::string Day(Date date) {
 }  // namespace
 
 std::optional<std::string> IbanIn(std::string_view text) {
-  if (const auto iban = Iban(WithoutBlanks(text))) return iban;
+  if (auto iban = Iban(WithoutBlanks(text))) return iban;
 
   std::optional<std::string> found;
   while (!text.empty()) {

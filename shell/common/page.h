@@ -26,9 +26,9 @@ class Page {
   /// Writes at a column, or at that column of the next line where the text already stands beyond
   /// it. What does not fit into the line is wrapped and goes on at that column.
   void WriteAt(int column, std::string_view text);
-  /// Writes whole lines from column 1, ended by CR LF, CR or LF; the last one may lack its end. Those
-  /// up to an empty one stay together. With a `value_column`, what follows a line's first tab stands
-  /// there.
+  /// Writes whole lines from column 1, ended by CR LF, CR or LF; the last one may lack its end.
+  /// Those up to an empty one stay together. With a `value_column`, what follows a line's first tab
+  /// stands there.
   void WriteLines(std::string_view text, int value_column = 0);
   /// Lines that end from now on are bold, or not.
   void SetBold(bool bold) { bold_ = bold; }

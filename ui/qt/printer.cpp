@@ -71,7 +71,7 @@ QString FileName(QString document_name) {
 QString WholeFileName(const QString& typed, const QDir& folder) {
   // Digits are a number at the end of the name and no ending: "Faktura 10.3.2005".
   static const QRegularExpression kEnding(R"(\.[A-Za-z][A-Za-z0-9]{1,4}$)");
-  const QString name = typed.trimmed();
+  QString name = typed.trimmed();
   if (name.isEmpty() || name.endsWith('/')) return name;  // Qt says what is wrong
   return folder.absoluteFilePath(kEnding.match(name).hasMatch() ? name : name + ".pdf");
 }
