@@ -34,7 +34,7 @@ make_root() {
 }
 
 # keep_packages RELEASE FOLDER: those that the root has downloaded serve the next one
-keep_packages() { cp -n "$2"/var/cache/apt/archives/*.deb "$(dirname "$2")/cache-$1/"; }
+keep_packages() { cp -u "$2"/var/cache/apt/archives/*.deb "$(dirname "$2")/cache-$1/"; }
 
 # in_root FOLDER COMMAND...: as root. Its mounts and whatever it leaves running go with it.
 in_root() {
