@@ -123,7 +123,11 @@ bool frmJednotlivy::VypocitejJednotlivy() {
       return;
     }
 
-    CancelRepo();
+    if (RepoPending()) {
+      // Should this one come to nothing, no provisional figures may be left of the one before.
+      CancelRepo();
+      ShowRecord();
+    }
     const RateKind kind = Kind();
     SingleResult inputs;
     inputs.due_date = dtpSplatnost.day();

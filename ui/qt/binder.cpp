@@ -50,17 +50,17 @@ void SetBackground(QWidget& widget, ui::Background background) {
 /// A date that is typed but not committed counts when a command is given that uses it, also by a
 /// toolbar button or a menu, which leave the keyboard in the field. False: it is none, or one with
 /// which nothing can be computed, and the command has to wait.
-bool CommitTypedDate() {
-  const QWidget* window = QApplication::activeWindow();
-  if (window == nullptr) return true;
-  for (DateField* field : window->findChildren<DateField*>()) {
+bool CommitTypedDates(const QWidget& window) {
+  for (DateField* field : window.findChildren<DateField*>()) {
     if (field->IsUncommitted() && !field->Commit()) return false;
   }
   return true;
 }
 
-bool MayGo(const ui::Command& command) { return !command.uses_inputs() || CommitTypedDate(); }
-bool MayGo(const ui::OptionButton& /*option*/) { return true; }
+bool MayGo(const ui::Command& command, const QWidget& window) {
+  return !command.uses_inputs() || CommitTypedDates(window);
+}
+bool MayGo(const ui::OptionButton& /*option*/, const QWidget& /*window*/) { return true; }
 
 /// The line in which the control is typed; null where it has none.
 QLineEdit* LineOf(QWidget* widget) {
@@ -150,9 +150,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
       return lines_.contains(watched) &&
              Key(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonRelease:
-      if (qobject_cast<QAbstractButton*>(watched) != nullptr) {
+      if (DateField::CommitsOnRelease(watched)) {
         // When the button has clicked.
-        QMetaObject::invokeMethod(this, &Binder::GoOnTyping, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &Binder::GoOnTypingOrLeave, Qt::QueuedConnection);
       }
       return false;
     case QEvent::Wheel:
@@ -249,19 +249,27 @@ void Binder::BindButton(C& control, QAbstractButton& button,
     show(aspect);
   });
   connect(&button, &QAbstractButton::clicked, this, [this, &control] {
-    if (listening_ && MayGo(control)) control.UserClick();
+    if (listening_ && MayGo(control, *root_.window())) control.UserClick();
   });
 }
 
-/// A press of the mouse that came to no command, or to one that leaves the typing alone, has taken
-/// the keyboard out of a date all the same.
-void Binder::GoOnTyping() {
+/// A press of the mouse has taken the keyboard out of a date without a commit. Where it came to no
+/// command, or to one that leaves the typing alone, typing goes on; where the keyboard has gone to
+/// another date or another window, the date is left.
+void Binder::GoOnTypingOrLeave() {
   if (!listening_) return;
-  for (DateField* field : root_.findChildren<DateField*>()) {
-    if (field->hasFocus() || !field->IsUncommitted()) continue;
-    const QScopedValueRollback leading(user_leads_, true);
-    controls_.value(field)->SetFocus();
-    field->setFocus(Qt::OtherFocusReason);
+  const QWidget* const window = root_.window();
+  for (DateField* field : window->findChildren<DateField*>()) {
+    // While another program or the help is active the keyboard is still in the field.
+    if (!field->IsUncommitted() || window->focusWidget() == field) continue;
+    ui::Control* const date = controls_.value(field);
+    if (date != nullptr && qobject_cast<QAbstractButton*>(window->focusWidget()) != nullptr) {
+      const QScopedValueRollback leading(user_leads_, true);
+      date->SetFocus();
+      field->setFocus(Qt::OtherFocusReason);
+    } else {
+      field->Commit();
+    }
   }
 }
 
@@ -284,6 +292,7 @@ void Binder::Visit(ui::DatePicker& control) {
     if (aspect == Aspect::kValue) field.SetDay(control.day());
     if (aspect == Aspect::kBackground) SetBackground(field, control.background());
   });
+  for (auto* arrow : field.findChildren<QAbstractButton*>()) arrow->installEventFilter(this);
   connect(&field, &DateField::DayPicked, this,
           [this, &control, field = QPointer(&field)](std::chrono::sys_days day) {
             if (!listening_) return;
@@ -386,7 +395,7 @@ void Binder::Visit(ui::MenuItem& control) {
   } else {
     action = &Widget<QAction>(control);
     connect(action, &QAction::triggered, this, [this, &control] {
-      if (listening_ && MayGo(control)) control.UserClick();
+      if (listening_ && MayGo(control, *root_.window())) control.UserClick();
     });
   }
   Mirror(control, [&control, action](Aspect aspect) {

@@ -56,7 +56,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
 
   template <class C>
   void BindButton(C& control, QAbstractButton& button, const std::function<void(ui::Aspect)>& show);
-  void GoOnTyping();
+  void GoOnTypingOrLeave();
   void BindLine(ui::TextBox& control, QLineEdit& edit);
   bool Key(QLineEdit& edit, QKeyEvent& event);
 

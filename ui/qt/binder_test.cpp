@@ -656,6 +656,52 @@ TEST_F(TypedDateTest, OtherCommandsNeverAskForADate) {
   EXPECT_EQ(date_.text(), "31.2.2004");
 }
 
+TEST_F(TypedDateTest, ButtonOfAnotherWindowLeavesTheDate) {
+  ui::Window invoice("frmFaktura", ui::WindowKind::kChild, loop_);
+  ui::Button help(invoice, "cmdHelp");
+  auto* page = new QWidget(&form_.root);
+  auto* button = new QPushButton(page);
+  button->setObjectName("cmdHelp");
+  page->show();
+  const Binder& binder = *new Binder(invoice, *page, hints_, locale_);
+  ASSERT_EQ(binder.parent(), page);
+  Type("1.3.2004");
+  QTest::mousePress(button, Qt::LeftButton);
+  EXPECT_THAT(Events(), IsEmpty());
+  QTest::mouseRelease(button, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("change"));
+  EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(TypedDateTest, ToolbarButtonLeavesItToItsOwnWindow) {
+  // The toolbar's window is around that of the date, with a binder that does not know it.
+  ui::Window main("frmMenu", ui::WindowKind::kMain, loop_);
+  ui::Button help(main, "cmdMenu(8)");
+  auto* button = new QPushButton(&form_.root);
+  button->setObjectName("cmdMenu_8");
+  button->setFocusPolicy(Qt::NoFocus);
+  button->show();
+  const Binder& binder = *new Binder(main, form_.root, hints_, locale_);
+  ASSERT_EQ(binder.parent(), &form_.root);
+  Type("1.3.2004");
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_THAT(Events(), IsEmpty()) << "the keyboard has stayed";
+  QTest::mousePress(&print_, Qt::LeftButton);
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_THAT(Events(), ElementsAre("change"));
+}
+
+TEST_F(TypedDateTest, CommandTakesItOverAlsoWhereAnotherWindowIsActive) {
+  Type("1.3.2004");
+  QWidget help;
+  help.show();
+  help.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+  EXPECT_THAT(Events(), IsEmpty());
+  print_.click();
+  EXPECT_THAT(Events(), ElementsAre("change", "cmdTisk"));
+}
+
 TEST_F(TypedDateTest, DateThatIsLeftForAnotherWindowStillCounts) {
   Type("1.3.2004");
   QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason);

@@ -74,6 +74,11 @@ std::optional<std::chrono::sys_days> DateField::TypedDay() const {
   return std::nullopt;
 }
 
+bool DateField::CommitsOnRelease(const QObject* pressed) {
+  return qobject_cast<const QAbstractButton*>(pressed) != nullptr ||
+         qobject_cast<const DateField*>(pressed) != nullptr;
+}
+
 bool DateField::Commit() {
   left_uncommitted_ = false;
   const std::optional<Date> typed = TypedDay();
@@ -124,8 +129,18 @@ void DateField::Step(int by) {
   setSelection(static_cast<int>(begin), static_cast<int>(end - begin));
 }
 
+bool DateField::CommitOthers() {
+  for (auto* other : window()->findChildren<DateField*>()) {
+    if (other == this || !other->IsUncommitted()) continue;
+    const bool is_date = other->TypedDay().has_value();
+    other->Commit();
+    if (!is_date) return false;  // the keyboard is there again
+  }
+  return true;
+}
+
 void DateField::OpenCalendar() {
-  if (popup_ != nullptr || !isEnabled()) return;
+  if (popup_ != nullptr || !isEnabled() || !CommitOthers()) return;
   // A popup of its own and not a dialog: a click beside it puts it away.
   auto* popup = new QFrame(this, Qt::Popup);
   popup->setAttribute(Qt::WA_DeleteOnClose);
@@ -173,11 +188,11 @@ void DateField::focusOutEvent(QFocusEvent* event) {
   left_uncommitted_ = true;
   const Qt::FocusReason reason = event->reason();
   // A popup, the menu bar or another window has the keyboard for a while: typing goes on
-  // afterwards. A button that goes down does not yet say what the user wants.
+  // afterwards. A button that goes down, such as another date's arrow, does not yet say what the
+  // user wants.
   if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
       reason == Qt::ActiveWindowFocusReason ||
-      (reason == Qt::MouseFocusReason &&
-       qobject_cast<QAbstractButton*>(QApplication::focusWidget()) != nullptr)) {
+      (reason == Qt::MouseFocusReason && CommitsOnRelease(QApplication::focusWidget()))) {
     return;
   }
   if (TypedDay()) {
@@ -193,10 +208,12 @@ void DateField::focusOutEvent(QFocusEvent* event) {
 void DateField::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (TypedDay()) selectAll();
+    case Qt::Key_Enter: {
+      const bool is_date = TypedDay().has_value();
       Commit();
+      if (is_date) selectAll();
       return;
+    }
     case Qt::Key_Escape:
       ShowDay();
       return;

@@ -14,8 +14,9 @@ namespace velta::qt {
 ///
 /// Typing goes on undisturbed until it is committed: by Enter, by leaving the field, by a command,
 /// or by choosing a day in the calendar (the arrow, F4 or Alt+Down; Enter takes the day there, Esc
-/// leaves the date as it was). A button that is pressed with the mouse takes the keyboard and
-/// commits nothing: a message about the date would come between its going down and up.
+/// leaves the date as it was). A button that is pressed with the mouse, be it another date's arrow,
+/// takes the keyboard and commits nothing: a message about the date would come between its going
+/// down and up.
 /// ParseTypedDate says what is a date. A text that is none is never taken for the last one: it
 /// stands, and Mistyped says so. Esc turns any text back to the last date. The keys Up and Down are
 /// typing too: they make the day, the month or the year at the cursor one more or less. The wheel
@@ -40,6 +41,8 @@ class DateField final : public QLineEdit {
   void Refuse() { refused_ = true; }
   /// The keyboard is in the field, or has left it without a commit.
   bool IsUncommitted() const { return hasFocus() || left_uncommitted_; }
+  /// Whether a press of the mouse on it leaves the commit to whoever sees the release.
+  static bool CommitsOnRelease(const QObject* pressed);
   void OpenCalendar();
 
  signals:
@@ -57,6 +60,8 @@ class DateField final : public QLineEdit {
  private:
   /// The day that the text says; none if it is no date, or one outside the range.
   std::optional<std::chrono::sys_days> TypedDay() const;
+  /// What was typed in other dates counts before this one is picked. False where one is no date.
+  bool CommitOthers();
   void Pick(std::chrono::sys_days day);
   void ShowDay();
   void Step(int by);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
@@ -71,6 +72,7 @@ TEST_P(TypedDate, IsTakenOnEnterAndShownInTheUsualForm) {
   EXPECT_EQ(picked_, std::vector{GetParam().day});
   EXPECT_EQ(field_.day(), GetParam().day);
   EXPECT_TRUE(field_.hasFocus());
+  EXPECT_EQ(field_.selectedText(), field_.text()) << "the next date is typed in its place";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -290,6 +292,34 @@ TEST_F(DateFieldTest, EscInTheCalendarLeavesTheDate) {
   EXPECT_EQ(Calendar(), nullptr);
   EXPECT_EQ(field_.text(), "28.4.2005");
   EXPECT_TRUE(picked_.empty());
+}
+
+/// Another date beside the one in which is typed, and the arrow of its calendar.
+class SecondDateTest : public DateFieldTest {
+ protected:
+  SecondDateTest() {
+    second_.move(0, 120);
+    second_.show();
+  }
+
+  DateField second_{&window_, clock_};
+  QAbstractButton& arrow_ = *second_.findChild<QAbstractButton*>();
+};
+
+TEST_F(SecondDateTest, ItsArrowCommitsWhenItIsReleasedAndOpensTheCalendar) {
+  Type("3.5.2011");
+  QTest::mousePress(&arrow_, Qt::LeftButton);
+  EXPECT_TRUE(picked_.empty()) << "a message would swallow the click";
+  QTest::mouseRelease(&arrow_, Qt::LeftButton);
+  EXPECT_EQ(picked_, std::vector{Day(2011, 5, 3)});
+  EXPECT_NE(Calendar(), nullptr);
+}
+
+TEST_F(SecondDateTest, ItsArrowOpensNoCalendarUponAMistypedOne) {
+  Type("30.2.2005");
+  QTest::mouseClick(&arrow_, Qt::LeftButton);
+  EXPECT_EQ(mistyped_, 1);
+  EXPECT_EQ(Calendar(), nullptr);
 }
 
 TEST_F(DateFieldTest, DisabledFieldOpensNoCalendar) {
