@@ -259,13 +259,42 @@ TEST_F(frmMenuTest, CommandsCarryAPendingRepoResultThroughFirst) {
 
 TEST_F(frmMenuTest, OnlyCommandsOnACalculationUseItsInputs) {
   Start();
-  std::vector<std::string> names;
-  for (ui::Control* control : menu_->controls()) {
-    const auto* command = dynamic_cast<const ui::Command*>(control);
-    if (command != nullptr && command->uses_inputs()) names.push_back(command->name());
+  const auto commands_of = [this](const char* window) {
+    windows().Open(window);
+    std::vector<std::string> names;
+    for (ui::Control* control : windows().Find(window)->controls()) {
+      const auto* command = dynamic_cast<const ui::Command*>(control);
+      if (command != nullptr && command->uses_inputs()) names.push_back(command->name());
+    }
+    return names;
+  };
+  EXPECT_THAT(commands_of("frmMenu"),
+              ElementsAre("mnuTiskVypoctu", "mnuVystavitFakturu", "mnuKopirovat", "cmdMenu(3)",
+                          "cmdMenu(4)", "cmdMenu(5)"));
+  EXPECT_THAT(commands_of("frmJednotlivy"), ElementsAre("cmdNovy", "cmdTiskVyp", "cmdTiskFa"));
+  EXPECT_THAT(commands_of("frmPostupny"),
+              ElementsAre("cmdPridat", "cmdNovy", "cmdTiskVyp", "cmdTiskFa"));
+  EXPECT_THAT(commands_of("frmFaktura"), ElementsAre("cmdTisk"));
+  for (const char* window : {"frmNastaveni", "frmAbout", "frmHistory"}) {
+    EXPECT_THAT(commands_of(window), IsEmpty()) << window;
   }
-  EXPECT_THAT(names, ElementsAre("mnuTiskVypoctu", "mnuVystavitFakturu", "mnuKopirovat",
-                                 "cmdMenu(3)", "cmdMenu(4)", "cmdMenu(5)"));
+}
+
+TEST_F(frmMenuTest, InvoiceFollowsAlsoAProgressiveCalculation) {
+  Start();
+  frmPostupny& progressive = PayProgressive("10000");
+  menu_->mnuVystavitFakturu.UserClick();
+  const auto& invoice = dynamic_cast<frmFaktura&>(*windows().Find("frmFaktura"));
+  EXPECT_THAT(invoice.txtTextFaktury.text(), HasSubstr("\t1 000,00 Kč"));
+  progressive.cmdNovy.UserClick();
+  PayProgressive("4000");
+  EXPECT_THAT(invoice.txtTextFaktury.text(), HasSubstr("\t1 000,00 Kč"))
+      << "there is no other yet, and nothing can be printed";
+  progressive.txtData[1].UserEdit("6000");
+  progressive.dtpZaplaceni.UserPick(Day(2025, 12, 1));
+  progressive.cmdPridat.UserClick();
+  // 400 Kč, and 6 000 Kč at 10 % for 10 days: 16,44 Kč, rounded up to 10 haléř.
+  EXPECT_THAT(invoice.txtTextFaktury.text(), HasSubstr("\t416,50 Kč"));
 }
 
 TEST_F(frmMenuTest, ClipboardThatCannotBeHadIsReported) {
