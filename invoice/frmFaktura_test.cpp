@@ -332,6 +332,7 @@ TEST_F(frmFakturaTest, ItemLineFollowsAlsoACalculationInAnotherWindow) {
   next.txtDluznaCastka.UserEdit("30000");
   EXPECT_EQ(form_->txtTextFaktury.text(), "Úroky z prodlení\t3 008,22 Kč");
   windows().Unload("frmFaktura");
+  EXPECT_FALSE(calculations_.on_new_record) << "the invoice that is gone listens no longer";
   Open();
   EXPECT_EQ(form_->txtTextFaktury.text(), "") << "closing the invoice has closed the calculation";
 }
