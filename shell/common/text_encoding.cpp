@@ -73,8 +73,8 @@ std::string FromWindows1250(std::string_view bytes) {
   return text;
 }
 
-std::string DecodedText(std::string bytes) {
-  return IsUtf8(bytes) ? bytes : FromWindows1250(bytes);
+std::string DecodedText(std::string_view bytes) {
+  return IsUtf8(bytes) ? std::string(bytes) : FromWindows1250(bytes);
 }
 
 }  // namespace velta

@@ -14,6 +14,6 @@ std::string FromWindows1250(std::string_view bytes);
 
 /// The text as UTF-8: as it stands where it is that, else read as Windows-1250, in which Czech
 /// texts of other systems are written.
-std::string DecodedText(std::string bytes);
+std::string DecodedText(std::string_view bytes);
 
 }  // namespace velta

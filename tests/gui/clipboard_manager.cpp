@@ -30,7 +30,7 @@ class Manager {
     XConvertSelection(display_, Intern("CLIPBOARD"), Intern("UTF8_STRING"), property, window_,
                       request.time);
     WaitFor(SelectionNotify);
-    const std::string text = ReadProperty(property);
+    std::string text = ReadProperty(property);
 
     XEvent answer{};
     answer.xselection.type = SelectionNotify;

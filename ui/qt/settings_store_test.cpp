@@ -144,7 +144,9 @@ pid_t StartWriter(const std::string& own_key) {
   for (int i = 1; i <= kTimes; ++i) {
     const std::string number = std::to_string(i);
     ok = store.Write(kApplication, kSection, own_key + number, "hodnota " + number) &&
-         store.Write(kApplication, kSection, "Nazev", own_key + " " + number) && ok;
+         store.Write(kApplication, kSection, "Nazev",
+                     std::string(own_key).append(" ").append(number)) &&
+         ok;
   }
   _exit(ok ? 0 : 1);
 }
