@@ -228,7 +228,7 @@ TEST_P(FormsTest, TabGoesAsOneReads) {
 }
 
 TEST_P(FormsTest, NoTwoHaveTheSameAccessKey) {
-  OnEveryPage([this] {
+  OnEveryPage([] {
     std::map<std::string, std::vector<std::string>> owners;  // by key
     for (const auto* button : root().findChildren<QAbstractButton*>()) {
       if (!button->isVisible() || button->shortcut().isEmpty()) continue;
