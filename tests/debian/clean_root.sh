@@ -41,7 +41,7 @@ in_root() {
   local root=$1
   shift
   # shellcheck disable=SC2016  # for the inner shell
-  unshare --mount --pid --fork bash -c '
+  unshare --mount --pid --fork --kill-child bash -c '
     set -e
     mount -t proc proc "$1/proc"
     mount -t tmpfs -o mode=1777 tmpfs "$1/dev/shm"
