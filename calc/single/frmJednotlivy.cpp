@@ -123,11 +123,7 @@ bool frmJednotlivy::VypocitejJednotlivy() {
       return;
     }
 
-    if (RepoPending()) {
-      // Should this one come to nothing, no provisional figures may be left of the one before.
-      CancelRepo();
-      ShowRecord();
-    }
+    CancelRepo();
     const RateKind kind = Kind();
     SingleResult inputs;
     inputs.due_date = dtpSplatnost.day();

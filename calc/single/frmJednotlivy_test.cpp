@@ -766,31 +766,6 @@ TEST_F(frmJednotlivyTest, DateWithWhichNothingCanBeComputedIsRefused) {
   EXPECT_FALSE(form_->dtpZaplaceni.refused()) << "what is still missing is no reason";
 }
 
-TEST_F(frmJednotlivyTest, PendingRepoResultThatIsGivenUpLeavesTheCalculationBefore) {
-  Open();
-  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
-  form_->txtDluznaCastka.UserEdit("20000");
-  EXPECT_EQ(form_->lblPenaleDluh.caption(), "20 162,74 Kč") << "for a moment";
-  form_->dtpZaplaceni.UserPick(Day(2028, 1, 1));
-  EXPECT_THAT(Shown(), ElementsAre(kDueTooHigh));
-  EXPECT_EQ(form_->lblPenale.caption(), "162,74 Kč");
-  EXPECT_EQ(form_->lblPenaleDluh.caption(), "10 162,74 Kč");
-  EXPECT_THAT(form_->txtReport.text(), HasSubstr("\t10 162,74 Kč\r\n"));
-}
-
-TEST_F(frmJednotlivyTest, FirstRepoResultThatIsGivenUpIsNone) {
-  Open();
-  form_->dtpSplatnost.UserPick(Day(2006, 3, 15));
-  form_->dtpZaplaceni.UserPick(Day(2006, 5, 20));
-  form_->txtDluznaCastka.UserEdit("10000");
-  form_->cboDruhSazby.UserPick(kRepo);
-  ASSERT_TRUE(state().CalculationFinished);
-  form_->dtpZaplaceni.UserPick(Day(2028, 1, 1));
-  EXPECT_FALSE(state().CalculationFinished) << "an empty report would be copied";
-  EXPECT_EQ(form_->lblPenale.caption(), "");
-  EXPECT_EQ(form_->lblPenaleDluh.caption(), "");
-}
-
 TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {
   Open();
   Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
