@@ -69,7 +69,7 @@ void SetPicture(Shown& shown, void (Shown::*set)(const QIcon&)) {
 }  // namespace
 
 QIcon Picture(const QString& name) {
-  const QIcon picture(new DrawnSizes(name));
+  QIcon picture(new DrawnSizes(name));
   if (picture.isNull()) qFatal("There is no picture \"%s\".", qPrintable(name));
   return picture;
 }
