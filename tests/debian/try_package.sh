@@ -32,7 +32,7 @@ for table in cnb repo; do
 done
 echo "ok: installed"
 
-install_packages xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick poppler-utils
+install_packages xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick locales poppler-utils
 cp -r "$folder/../gui" "$root/home/tester/"
 for road in typical_road print_to_pdf help; do
   as_user "$root" "bash gui/$road.sh /usr/bin/velta pictures/$road" || fail "$road, see $root/home/tester/pictures"
