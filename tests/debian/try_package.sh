@@ -34,10 +34,13 @@ echo "ok: installed"
 
 install_packages xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick locales poppler-utils
 cp -r "$folder/../gui" "$root/home/tester/"
-for road in typical_road print_to_pdf help; do
-  as_user "$root" "bash gui/$road.sh /usr/bin/velta pictures/$road" || fail "$road, see $root/home/tester/pictures"
-  echo "ok: $road"
-done
+try_road() {
+  as_user "$root" "bash gui/$1.sh $2 pictures/$1" || fail "$1, see $root/home/tester/pictures"
+  echo "ok: $1"
+}
+try_road typical_road /usr/bin/velta
+try_road print_to_pdf /usr/bin/velta
+try_road help /usr/lib/velta/velta  # it also wants what lies beside the program
 
 echo "01012099 " >>"$root/etc/velta/repo.dat"
 in_root "$root" dpkg -i /tmp/velta.deb
