@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <regex>
 
 #include "shell/common/blanks.h"
 #include "shell/common/letters.h"
@@ -101,18 +102,47 @@ std::optional<std::string> Iban(std::string_view text) {
   return iban ? iban : RightIban(text);
 }
 
-/// The text without its blanks, also the unbreakable ones of banks' web pages, and without "IBAN"
-/// before it.
-std::string WithoutBlanks(std::string_view text) {
-  std::string rest;
-  for (text = SkipBlanks(text); !text.empty(); text = SkipBlanks(text)) {
-    rest += text.front();
-    text.remove_prefix(1);
+/// The text with ordinary blanks and hyphens alone: banks' web pages have unbreakable ones, word
+/// processors make a dash of a hyphen. Those of a number lose their blanks: "19 - 2000145399".
+std::string InOneForm(std::string_view text) {
+  constexpr std::array<std::string_view, 5> kDashes = {"\u2010", "\u2011", "\u2012", "\u2013",
+                                                       "\u2212"};
+  std::string form;
+  while (!text.empty()) {
+    const std::string_view rest = SkipBlanks(text);
+    if (rest.size() < text.size()) {
+      form += ' ';
+      text = rest;
+      continue;
+    }
+    const auto* const dash =
+        std::find_if(kDashes.begin(), kDashes.end(),
+                     [&](std::string_view sign) { return text.starts_with(sign); });
+    form += dash == kDashes.end() ? text.front() : '-';
+    text.remove_prefix(dash == kDashes.end() ? 1 : dash->size());
   }
+  static const std::regex kWithinNumber("([0-9]) ?([-/]) ?(?=[0-9])");
+  return std::regex_replace(form, kWithinNumber, "$1$2");
+}
+
+/// The text without its blanks and without "IBAN" before it.
+std::string WithoutBlanks(std::string text) {
+  std::erase(text, ' ');
   for (const std::string_view title : {"IBAN:", "IBAN"}) {
-    if (rest.starts_with(title)) return rest.substr(title.size());
+    if (text.starts_with(title)) return text.substr(title.size());
   }
-  return rest;
+  return text;
+}
+
+/// Whether what stands before a word may be the beginning of its number, written in groups or with
+/// an odd hyphen: the end alone may be the right number of somebody else's account.
+bool MayGoOnIn(std::string_view before) {
+  const std::size_t digit = before.find_last_of("0123456789");
+  if (digit == std::string_view::npos) return false;
+  const std::string between = InCapitals(std::string(before.substr(digit)));
+  return std::none_of(between.begin(), between.end(), [](char c) {
+    return IsCapital(c) || std::string_view(",;:()\r\n").find(c) != std::string_view::npos;
+  });
 }
 
 /// The text as the code may carry it: capitals, no accents, and no character that means something
@@ -151,13 +181,15 @@ std::string Day(Date date) {
 }  // namespace
 
 std::optional<std::string> IbanIn(std::string_view text) {
-  if (auto iban = Iban(WithoutBlanks(text))) return iban;
+  const std::string form = InOneForm(text);
+  if (auto iban = Iban(WithoutBlanks(form))) return iban;
 
   std::optional<std::string> found;
-  while (!text.empty()) {
-    const std::string_view word = text.substr(0, text.find_first_of(" ,;\r\n"));
-    text.remove_prefix(std::min(word.size() + 1, text.size()));
-    const auto iban = Iban(word);
+  const std::string_view words = form;
+  for (std::size_t begin = 0, end = 0; begin < words.size(); begin = end + 1) {
+    end = std::min(words.find_first_of(" .,;:()\t\r\n", begin), words.size());
+    const std::string_view word = words.substr(begin, end - begin);
+    const auto iban = MayGoOnIn(words.substr(0, begin)) ? RightIban(word) : Iban(word);
     if (!iban) continue;
     if (found && found != iban) return std::nullopt;
     found = iban;
