@@ -267,11 +267,13 @@ std::string TotalText(const ProgressiveResult& result, const ui::LocaleFormat& l
 // The payment code, 3 cm high: from the column of the amounts almost to the edge.
 constexpr int kCodeHeight = 7;
 
-/// Whether nothing stands where the code of that line and its light border would.
+/// Whether nothing stands where the code of that line, its light border and its caption would.
 bool HasRoomForCode(const std::vector<ui::PrintedLine>& lines, std::size_t code_line) {
-  constexpr int kBorder = 2;  // cells on either side; above and below it is a line
+  constexpr int kBorder = 2;   // cells on either side; above and below it is a line
+  constexpr int kCaption = 3;  // where the caption begins, in cells from the code's left edge
   const std::size_t first = code_line - 1;
-  const std::size_t end = code_line + std::size_t{kCodeHeight} + 1;
+  const std::size_t caption = code_line + std::size_t{kCodeHeight} + 1;
+  const std::size_t end = caption + 1;
   if (end > lines.size()) return false;
   for (const std::size_t page : ui::PageStarts(lines)) {
     if (first < page && page < end) return false;
@@ -280,7 +282,8 @@ bool HasRoomForCode(const std::vector<ui::PrintedLine>& lines, std::size_t code_
     const auto cells = ui::Cells(lines[i].text);
     if (cells.size() != kRightEdge) return false;  // no line of the box
     const auto is_blank = [](std::string_view cell) { return cell == " "; };
-    if (!std::all_of(cells.begin() + kValue - 1 - kBorder, cells.end() - 1, is_blank)) return false;
+    const int column = i == caption ? kValue + kCaption : kValue - kBorder;
+    if (!std::all_of(cells.begin() + column - 1, cells.end() - 1, is_blank)) return false;
   }
   return true;
 }

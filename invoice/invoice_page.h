@@ -34,9 +34,10 @@ struct Invoice {
 std::string InvoicedTotal(const FinishedCalculation& calculation, const ui::LocaleFormat& locale);
 
 /// The printed penalty invoice: a box from column 5 to column 90, on one A4 page for a single
-/// calculation and for at least twelve payments. Texts that are too long push what follows to the
-/// next line and are never cut off; empty lines of the box keep the signature and the closing texts
-/// at the foot of the last page.
+/// calculation and for at least twelve payments. Texts that are too long go on in further lines of
+/// the box and are never cut off; empty lines of the box keep the signature and the closing texts
+/// at the foot of the last page. The payment code is there where the settings name an account and
+/// the page has room for it.
 ui::PrintedDocument InvoicePage(const Invoice& invoice, const ProgramSettings& settings,
                                 const FinishedCalculation& calculation,
                                 const ui::LocaleFormat& locale);

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -588,6 +590,66 @@ TEST(InvoicePageTest, EveryLineOfTheBoxHasItsBars) {
   }
 }
 
+TEST(InvoicePageTest, AnyTextsKeepToTheirBoxAndAreWhole) {
+  std::mt19937 random(20260115);  // the same texts in every run
+  const auto number = [&](std::size_t below) { return random() % below; };
+  const std::string rule = "    |" + std::string(84, '-') + "|";
+  for (int page = 0; page < 50; ++page) {
+    Invoice invoice = FilledInvoice();
+    ProgramSettings settings = Firm();
+    const std::vector<std::string*> fields = {
+        &invoice.original_number, &invoice.supplier.name,       &invoice.supplier.street,
+        &invoice.supplier.town,   &invoice.supplier.postcode,   &invoice.supplier.company_number,
+        &invoice.customer.name,   &invoice.supplier.tax_number, &invoice.customer.street,
+        &invoice.customer.town,   &invoice.customer.postcode,   &invoice.customer.company_number,
+        &settings.TextRadku,      &invoice.customer.tax_number, &settings.Banka,
+        &settings.Rejstrik,       &settings.Dovetek0,           &settings.Dovetek1,
+        &settings.Dovetek2};
+    // Every field has three letters of its own, Cyrillic ones, by which it is found on the page.
+    std::vector<std::string> expected;
+    for (std::string* const field : fields) {
+      const std::size_t first_letter = 0x430 + 3 * expected.size();
+      field->clear();
+      expected.emplace_back();
+      for (std::size_t word = number(20); word > 0; --word) {
+        for (std::size_t left = 1 + number(number(8) == 0 ? 100 : 10); left > 0; --left) {
+          const std::size_t letter = first_letter + number(3);
+          const std::string character = {static_cast<char>(0xC0U | (letter >> 6U)),
+                                         static_cast<char>(0x80U | (letter & 0x3FU))};
+          *field += character;
+          expected.back() += character;
+        }
+        *field += std::array{" ", "  ", "\t", "\r\n"}.at(number(8) == 0 ? number(4) : 0);
+      }
+    }
+    const SingleResult result = Single();
+    const Lines lines = Printed(invoice, settings, &result);
+
+    std::vector<std::string> found(fields.size());
+    int rules = 0;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const auto cells = ui::Cells(lines[i]);
+      rules += lines[i] == rule ? 1 : 0;
+      if (rules > 0 && i + 1 < lines.size()) {
+        ASSERT_EQ(cells.size(), 90U) << lines[i];
+        EXPECT_EQ(cells[4], "|") << lines[i];
+        EXPECT_EQ(cells[89], "|") << lines[i];
+        if (rules == 2 && lines[i] != rule) {
+          EXPECT_EQ(cells[47], "|") << lines[i];
+        }
+      }
+      for (const std::string_view cell : cells) {
+        if (cell.size() != 2) continue;
+        const auto letter = (static_cast<unsigned char>(cell[0]) & 0x1FU) << 6U |
+                            (static_cast<unsigned char>(cell[1]) & 0x3FU);
+        if (letter >= 0x430) found.at((letter - 0x430) / 3) += cell;
+      }
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_THAT(lines, Contains(::testing::HasSubstr(" 237,53 Kč ")));
+  }
+}
+
 // --- the page's foot ---------------------------------------------------------------------------
 
 /// How many pages so many payments take.
@@ -716,6 +778,24 @@ TEST(InvoicePageTest, PaymentCodeNeverCoversAText) {
   ASSERT_TRUE(code.has_value());
   const Lines lines = Printed(FilledInvoice(), settings, &result);
   EXPECT_THAT(lines[code->line - 2], ::testing::HasSubstr(settings.Banka)) << "it stands below";
+}
+
+TEST(InvoicePageTest, PaymentCodeKeepsItsCaptionOffALongText) {
+  // The code would stand beside the short lines, its caption on the long one.
+  const SingleResult result = Single();
+  const std::string short_lines = "19-2000145399/0800\n2\n3\n4\n5\n6\n";
+  for (const int column : {76, 77, 89}) {
+    const ProgramSettings settings =
+        FirmWithAccount(short_lines + std::string(static_cast<std::size_t>(column - 5), 'b'));
+    const auto code = CodeOf(&result, settings);
+    ASSERT_TRUE(code.has_value()) << column;
+    const Lines lines = Printed(FilledInvoice(), settings, &result);
+    const auto long_line = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
+      return line.starts_with("    |bbb");
+    });
+    const bool beside = code->line < static_cast<std::size_t>(long_line - lines.begin());
+    EXPECT_EQ(beside, column <= 76) << column;
+  }
 }
 
 TEST(InvoicePageTest, DocumentIsNamedAfterItsNumber) {
