@@ -185,6 +185,7 @@ void DateField::focusInEvent(QFocusEvent* event) {
 
 void DateField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
+  if (text() == ToQString(ShortDateText(day_, format_))) return;  // nothing was typed
   left_uncommitted_ = true;
   const Qt::FocusReason reason = event->reason();
   // A popup, the menu bar or another window has the keyboard for a while: typing goes on

@@ -39,7 +39,7 @@ class DateField final : public QLineEdit {
   bool Commit();
   /// For receivers of DayPicked: nothing could be done with that day.
   void Refuse() { refused_ = true; }
-  /// The keyboard is in the field, or has left it without a commit.
+  /// The keyboard is in the field, or has left what was typed without a commit.
   bool IsUncommitted() const { return hasFocus() || left_uncommitted_; }
   /// Whether a press of the mouse on it leaves the commit to whoever sees the release.
   static bool CommitsOnRelease(const QObject* pressed);
