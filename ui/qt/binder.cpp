@@ -452,7 +452,9 @@ void Binder::BindLine(ui::TextBox& control, QLineEdit& edit) {
     if (text == line.text()) return;  // the cursor stays where the user types
     const QSignalBlocker by_program(line);
     line.setText(text);
-    if (!line.hasFocus()) line.setCursorPosition(0);  // a long text is read from its beginning
+    // A long text is read from its beginning; in a line that is typed into, also while a message
+    // box has the keyboard for a while, typing goes on at the end.
+    if (line.window()->focusWidget() != &line) line.setCursorPosition(0);
   };
   edit.setMaxLength(std::numeric_limits<int>::max());  // by itself a line cuts off a long paste
   edit.setReadOnly(control.read_only());

@@ -285,6 +285,17 @@ TEST_F(BinderTest, WidgetShowsWhatTheHandlersMadeOfAPaste) {
   EXPECT_THAT(changes_, ElementsAre("abc", ""));
 }
 
+TEST_F(BinderTest, TypingGoesOnAtTheEndOfATextThatIsSetWhileABoxHasTheKeyboard) {
+  edit_.setFocus();
+  QWidget box;
+  box.show();
+  box.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+  ASSERT_FALSE(edit_.hasFocus());
+  model_.txtFaktura.SetText("477,58");
+  EXPECT_EQ(edit_.cursorPosition(), 6);
+}
+
 TEST_F(BinderTest, CopiedCellsLoseTheirLineEnd) {
   Paste(edit_, "10 000,50\r\n");
   EXPECT_EQ(model_.txtFaktura.text(), "10 000,50");
@@ -654,6 +665,14 @@ TEST_F(TypedDateTest, OtherCommandsNeverAskForADate) {
   EXPECT_THAT(Events(), ElementsAre("cmdKonec"));
   EXPECT_TRUE(date_.hasFocus()) << "typing goes on";
   EXPECT_EQ(date_.text(), "31.2.2004");
+}
+
+TEST_F(TypedDateTest, PressTakesTheKeyboardFromADateInWhichNothingWasTyped) {
+  date_.setFocus(Qt::TabFocusReason);
+  QTest::mouseClick(&button_, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(button_.hasFocus());
+  EXPECT_EQ(model_.focused(), &model_.cmdKonec);
 }
 
 TEST_F(TypedDateTest, ButtonOfAnotherWindowLeavesTheDate) {
