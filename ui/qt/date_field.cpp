@@ -65,7 +65,8 @@ void DateField::SetDay(std::chrono::sys_days day) {
 std::optional<std::chrono::sys_days> DateField::TypedDay() const {
   Date day;
   try {
-    day = ParseTypedDate(ToUtf8(text()), format_, clock_.Now().day);
+    // A copied cell of a table comes with its line end, which nobody sees.
+    day = ParseTypedDate(ToUtf8(text().trimmed()), format_, clock_.Now().day);
   } catch (const Error&) {
     return std::nullopt;
   }
@@ -217,6 +218,7 @@ void DateField::keyPressEvent(QKeyEvent* event) {
     }
     case Qt::Key_Escape:
       ShowDay();
+      selectAll();
       return;
     case Qt::Key_F4:
       if (event->modifiers() != Qt::NoModifier) break;  // Alt+F4 and Ctrl+F4 close windows

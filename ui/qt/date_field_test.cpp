@@ -156,6 +156,16 @@ TEST_F(DateFieldTest, TakesTheDateWhenTheFieldIsLeft) {
   EXPECT_EQ(picked_, std::vector{Day(2011, 5, 3)});
 }
 
+TEST_F(DateFieldTest, CopiedCellIsADateInSpiteOfItsLineEnd) {
+  field_.setFocus();
+  field_.selectAll();
+  field_.insert("20.6.2005\r\n");
+  QTest::keyClick(&field_, Qt::Key_Enter);
+  EXPECT_EQ(picked_, std::vector{Day(2005, 6, 20)});
+  EXPECT_EQ(mistyped_, 0);
+  EXPECT_EQ(field_.text(), "20.6.2005");
+}
+
 TEST_F(DateFieldTest, TheSameDateInAnotherFormChangesNothingButTheText) {
   Type("28. 04. 2005");
   QTest::keyClick(&field_, Qt::Key_Return);
@@ -167,6 +177,7 @@ TEST_F(DateFieldTest, EscTakesTypingBack) {
   Type("3.5.2011");
   QTest::keyClick(&field_, Qt::Key_Escape);
   EXPECT_EQ(field_.text(), "28.4.2005");
+  EXPECT_EQ(field_.selectedText(), "28.4.2005") << "the next key begins another date";
   QTest::keyClick(&field_, Qt::Key_Tab);
   EXPECT_TRUE(picked_.empty());
 }
