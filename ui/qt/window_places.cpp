@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QMdiSubWindow>
 #include <QSettings>
+#include <QWindowStateChangeEvent>
 #include <algorithm>
 
 namespace velta::qt {
@@ -19,6 +20,10 @@ QRect InView(const QRect& place, const QSize& least, const QSize& area) {
   return {QPoint(std::clamp(place.x(), 0, std::max(0, area.width() - size.width())),
                  std::clamp(place.y(), 0, std::max(0, area.height() - size.height()))),
           size};
+}
+
+bool IsNormal(Qt::WindowStates state) {
+  return (state & (Qt::WindowMaximized | Qt::WindowMinimized)) == Qt::WindowNoState;
 }
 
 }  // namespace
@@ -60,7 +65,8 @@ void ChildPlace::Restore() {
 void ChildPlace::Remember() const {
   if (!restored_) return;
   const auto file = places_.Open();
-  if (normal_ != opened_at_) file->setValue(name_ + kPlace, normal_);
+  const QRect place = IsNormal(window_.windowState()) ? window_.geometry() : normal_;
+  if (place != opened_at_) file->setValue(name_ + kPlace, place);
   // That it opened as large as the one before was not said of this window.
   if (window_.isMaximized() && opened_maximised_) return;
   if (window_.isMaximized() || file->contains(name_ + kMaximised)) {
@@ -68,11 +74,12 @@ void ChildPlace::Remember() const {
   }
 }
 
+/// The place is taken when the window leaves it, and not with every move: Qt takes a maximised
+/// window out of its state for a moment whenever its area changes.
 bool ChildPlace::eventFilter(QObject* /*watched*/, QEvent* event) {
-  const bool changed = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-  if (changed && restored_ && window_.isVisible() && !window_.isMaximized() &&
-      !window_.isMinimized()) {
-    normal_ = window_.geometry();
+  if (event->type() == QEvent::WindowStateChange && restored_) {
+    const auto& change = *static_cast<QWindowStateChangeEvent*>(event);
+    if (!change.isOverride() && IsNormal(change.oldState())) normal_ = window_.geometry();
   }
   return false;
 }

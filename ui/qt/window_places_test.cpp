@@ -158,6 +158,36 @@ TEST_F(WindowPlacesTest, MaximisedChildComesBackMaximisedAndRestoresToItsPlace) 
   EXPECT_EQ(child.geometry(), left);
 }
 
+TEST_F(WindowPlacesTest, ChildThatIsMaximisedFromBeyondTheEdgeKeepsItsPlace) {
+  QRect left;
+  {
+    Session first(places_);
+    QMdiSubWindow& child = first.OpenChild();
+    child.move(first.Desktop().viewport()->rect().center());
+    QCoreApplication::processEvents();  // the scroll bars come, and go when it is maximised
+    left = child.geometry();
+    child.showMaximized();
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(File().value("Windows/frmAbout/place").toRect(), left);
+}
+
+TEST_F(WindowPlacesTest, MinimisedChildComesBackToItsPlace) {
+  QRect left;
+  {
+    Session first(places_);
+    QMdiSubWindow& child = first.OpenChild();
+    child.move(child.pos() + QPoint(9, 21));
+    left = child.geometry();
+    child.showMinimized();
+    QCoreApplication::processEvents();
+  }
+  Session second(places_);
+  const QMdiSubWindow& child = second.OpenChild();
+  EXPECT_FALSE(child.isMinimized());
+  EXPECT_EQ(child.geometry(), left);
+}
+
 TEST_F(WindowPlacesTest, GarbledFileIsWorthNothing) {
   File().setValue("Windows/frmMenu/place", "nonsense");
   File().setValue("Windows/frmAbout/place", "nonsense");
