@@ -43,10 +43,12 @@ class CellGrid {
     while (first > 0 && At(row, first - 1) == "-") --first;
     return At(row, first + 1) == "-" && At(row, first + 2) == "-";
   }
-  /// A bar that has a bar or a rule above it or below.
+  /// A bar that goes on in one above it or below, or reaches from rule to rule. A bar within a text
+  /// that stands next to a rule does neither.
   bool IsJoinedBar(std::size_t row, std::size_t cell) const {
-    const auto joins = [&](std::size_t other) { return IsBar(other, cell) || IsRule(other, cell); };
-    return IsBar(row, cell) && (joins(row + 1) || (row > 0 && joins(row - 1)));
+    if (!IsBar(row, cell)) return false;
+    return IsBar(row + 1, cell) ||
+           (row > 0 && (IsBar(row - 1, cell) || (IsRule(row - 1, cell) && IsRule(row + 1, cell))));
   }
   /// Whether a rule reaches that bar from a side.
   bool IsInRule(std::size_t row, std::size_t cell) const {
