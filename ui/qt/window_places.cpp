@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kFile = "windows";
 constexpr const char* kPlace = "/place";
-constexpr const char* kMaximised = "/maximised";
+constexpr const char* kMaximised = "childrenMaximised";  // all of them are, or none
 
 /// As large as it was, or as there is room for, and in view with all its edges.
 QRect InView(const QRect& place, const QSize& least, const QSize& area) {
@@ -51,15 +51,14 @@ ChildPlace::ChildPlace(const WindowPlaces& places, QMdiSubWindow& window, QStrin
 
 void ChildPlace::Restore() {
   restored_ = true;
-  opened_maximised_ = window_.isMaximized();
-  if (opened_maximised_) return;  // as the one before it is
+  if (window_.isMaximized()) return;  // as the one before it is
   const auto file = places_.Open();
   const QRect place = file->value(name_ + kPlace).toRect();
   if (place.isValid()) {
     window_.setGeometry(InView(place, window_.minimumSizeHint(), window_.parentWidget()->size()));
   }
   opened_at_ = normal_ = window_.geometry();
-  if (file->value(name_ + kMaximised).toBool()) window_.showMaximized();
+  if (file->value(kMaximised).toBool()) window_.showMaximized();
 }
 
 void ChildPlace::Remember() const {
@@ -67,10 +66,8 @@ void ChildPlace::Remember() const {
   const auto file = places_.Open();
   const QRect place = IsNormal(window_.windowState()) ? window_.geometry() : normal_;
   if (place != opened_at_) file->setValue(name_ + kPlace, place);
-  // That it opened as large as the one before was not said of this window.
-  if (window_.isMaximized() && opened_maximised_) return;
-  if (window_.isMaximized() || file->contains(name_ + kMaximised)) {
-    file->setValue(name_ + kMaximised, window_.isMaximized());
+  if (window_.isMaximized() || file->contains(kMaximised)) {
+    file->setValue(kMaximised, window_.isMaximized());
   }
 }
 

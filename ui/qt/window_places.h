@@ -32,7 +32,8 @@ class WindowPlaces {
 };
 
 /// The place of one window inside the main window. What the user did not change is not remembered,
-/// so that the program's own choice can follow the screen.
+/// so that the program's own choice can follow the screen. Whether it is maximised holds for all of
+/// these windows, as on the screen.
 class ChildPlace final : public QObject {
  public:
   /// All three must outlive it.
@@ -51,7 +52,6 @@ class ChildPlace final : public QObject {
   QMdiSubWindow& window_;
   QString name_;
   bool restored_ = false;
-  bool opened_maximised_ = false;
   QRect opened_at_;
   QRect normal_;  // its place while it is neither maximised nor minimised
 };
