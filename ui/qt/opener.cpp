@@ -16,7 +16,7 @@ namespace {
 /// Whether the program takes the address: it ends well, or is still there after a while because it
 /// is the browser itself. It goes on without us, and what it has to say is not for our user.
 bool Takes(const QString& program, const QString& address) {
-  constexpr int kWhile = 3000;  // milliseconds; who finds no browser ends sooner
+  constexpr int kWhile = 1000;  // milliseconds; who finds no browser ends sooner
   auto process = std::make_unique<QProcess>();
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardOutputFile(QProcess::nullDevice());
