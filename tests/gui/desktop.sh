@@ -272,9 +272,11 @@ enter_single() {
   fill "$3"
 }
 
-# printed_lines PDF: what is printed, line by line from the first column on. Before it stands the margin of 27
-# points, 4.5 columns.
-printed_lines() { pdftotext -layout -fixed 6 "$1" - | tr -d '\f' | sed -n 's/^     //p'; }
+# printed_lines PDF: what is printed, line by line from the first column on: without the margin of 27 points, which is
+# no whole number of columns.
+printed_lines() {
+  pdftotext -layout -fixed 6 -r 72 -x 26 -y 0 -W 569 -H 842 "$1" - | tr -d '\f' | sed '/^ *$/d'
+}
 
 # copied_report: the report as "Kopírovat výpočet do schránky" gives it
 copied_report() {

@@ -31,15 +31,16 @@ inline QString RunPdfTool(const QString& tool, const QStringList& arguments) {
 /// The lines that have text, page by page. In a line every character stands in its own column, the
 /// first at the left edge of the printable area.
 inline std::vector<std::vector<std::string>> PdfPages(const QString& file) {
-  constexpr int kMarginColumns = 5;  // 27 points of 6 points a column, as pdftotext rounds it
   std::vector<std::vector<std::string>> pages;
-  const QString text = RunPdfTool("pdftotext", {"-layout", "-fixed", "6", file, "-"});
+  // Without the margin of 27 points, which is no whole number of columns.
+  const QString text =
+      RunPdfTool("pdftotext", {"-layout", "-fixed", "6", "-r", "72", "-x", "26", "-y", "0", "-W",
+                               "569", "-H", "842", file, "-"});
   for (const QString& page : text.split('\f', Qt::SkipEmptyParts)) {
     std::vector<std::string>& lines = pages.emplace_back();
     for (const QString& line : page.split('\n')) {
       if (line.trimmed().isEmpty()) continue;
-      EXPECT_TRUE(line.startsWith(QString(kMarginColumns, ' '))) << line.toStdString();
-      lines.push_back(line.mid(kMarginColumns).toStdString());
+      lines.push_back(line.toStdString());
     }
   }
   return pages;
