@@ -5,7 +5,7 @@
 source "$(dirname "$0")/desktop.sh" "$2"
 
 # Without a display, for the desktop is not there yet.
-console() { env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$@"; }
+console() { env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM LC_ALL=C.UTF-8 "$@"; }
 expect_text "the version" "Velta 1.0.0" "$(console "$1" --version)"
 console "$1" --help | grep -q '^  -v, --version ' || fail "no help on the console"
 code=0

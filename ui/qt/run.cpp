@@ -27,13 +27,15 @@ namespace velta::qt {
 
 /// The program speaks Czech wherever it runs, and so do Qt's own calendar, menus and dialogs.
 static void SpeakCzech() {
+  // On the console there is no QApplication, which qApp would promise.
+  auto* application = QCoreApplication::instance();
   QLocale::setDefault(QLocale(QLocale::Czech, QLocale::CzechRepublic));
-  auto* translator = new QTranslator(qApp);
+  auto* translator = new QTranslator(application);
   if (translator->load("qtbase_cs", QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
       translator->load(":/translations/qtbase_cs.qm")) {
     QCoreApplication::installTranslator(translator);
   }
-  QCoreApplication::installTranslator(new CzechTexts(qApp));
+  QCoreApplication::installTranslator(new CzechTexts(application));
 }
 
 /// What the console was told, or nothing where the program is to start. Needs no display.
