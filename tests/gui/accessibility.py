@@ -67,7 +67,7 @@ def press(thing, action):
 
 
 def text_of(thing):
-    return thing.get_text(0, thing.get_character_count())
+    return Atspi.Text.get_text(thing, 0, thing.get_character_count())
 
 
 def write(thing, text):

@@ -87,6 +87,7 @@ need_tools() {
 }
 
 start_desktop() {
+  export LC_ALL=C.UTF-8  # of the tools; where none is set, they know no Czech letters
   need_tools Xvfb openbox xdotool xclip xprop setxkbmap import
   # The program's own Czech locale: a bare Debian has none, and Qt complains where the one asked for is missing.
   if [[ ! -e /usr/share/i18n/locales/cs_CZ ]]; then
