@@ -33,9 +33,8 @@ inline QString RunPdfTool(const QString& tool, const QStringList& arguments) {
 inline std::vector<std::vector<std::string>> PdfPages(const QString& file) {
   std::vector<std::vector<std::string>> pages;
   // Without the margin of 27 points, which is no whole number of columns.
-  const QString text =
-      RunPdfTool("pdftotext", {"-layout", "-fixed", "6", "-r", "72", "-x", "26", "-y", "0", "-W",
-                               "569", "-H", "842", file, "-"});
+  const QString text = RunPdfTool("pdftotext", {"-layout", "-fixed", "6", "-r", "72", "-x", "26",
+                                                "-y", "0", "-W", "569", "-H", "842", file, "-"});
   for (const QString& page : text.split('\f', Qt::SkipEmptyParts)) {
     std::vector<std::string>& lines = pages.emplace_back();
     for (const QString& line : page.split('\n')) {
