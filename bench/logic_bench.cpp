@@ -3,11 +3,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "calc/bank_rates.h"
-#include "calc/single/frmJednotlivy.h"
 #include "shell/velta.h"
 #include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"
+#include "windows/calculation/bank_rates.h"
+#include "windows/single/frmJednotlivy.h"
 
 namespace velta {
 namespace {

@@ -3,10 +3,10 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include "calc/single/single_printout.h"
 #include "tests/support/day.h"
 #include "ui/qt/printer.h"
 #include "ui/qt/run.h"
+#include "windows/single/single_printout.h"
 
 namespace velta {
 namespace {

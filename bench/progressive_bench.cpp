@@ -4,11 +4,11 @@
 #include <string>
 #include <variant>
 
-#include "calc/progressive/frmPostupny.h"
-#include "calc/progressive/progressive_printout.h"
 #include "shell/velta.h"
 #include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"
+#include "windows/progressive/frmPostupny.h"
+#include "windows/progressive/progressive_printout.h"
 
 namespace velta {
 namespace {

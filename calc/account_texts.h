@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "shell/common/date.h"
-#include "shell/common/number_text.h"
-#include "ui/locale.h"
+#include "values/date.h"
+#include "values/locale.h"
+#include "values/number_text.h"
 
 /// What the written accounts of all calculations have in common.
 namespace velta {
@@ -32,13 +32,13 @@ inline std::string ReportHeading() {
 }
 
 /// A rate as the accounts and the invoice write it: "8,5 % ročně".
-inline std::string RateWithUnit(Rate rate, std::string_view unit, const ui::LocaleFormat& locale) {
+inline std::string RateWithUnit(Rate rate, std::string_view unit, const LocaleFormat& locale) {
   return PlainText(rate, locale).append(" ").append(unit);
 }
 
 /// What the printed account is called in the printer's queue and as a file, by the amount owed and
 /// its due date: "Výpočet úroku z prodlení 10 000 Kč 10.3.2005".
-inline std::string PrintoutName(Money owed, Date due, ui::LocaleFormat locale) {
+inline std::string PrintoutName(Money owed, Date due, LocaleFormat locale) {
   locale.group = " ";  // in a name for other programs no unbreakable blank
   std::string amount = CurrencyText(owed, locale);
   const std::string no_haler = locale.decimal + "00";

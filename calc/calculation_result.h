@@ -6,8 +6,8 @@
 
 #include "calc/rate_kind.h"
 #include "engine/interest_period.h"
-#include "shell/common/date.h"
-#include "shell/common/money.h"
+#include "values/date.h"
+#include "values/money.h"
 
 namespace velta {
 

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "shell/common/date.h"
-#include "shell/common/number_text.h"
+#include "values/date.h"
+#include "values/number_text.h"
 
 namespace velta {
 

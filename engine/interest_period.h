@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/common/date.h"
-#include "shell/common/number_text.h"
+#include "values/date.h"
+#include "values/number_text.h"
 
 namespace velta {
 

@@ -5,14 +5,11 @@
 #include <sstream>
 #include <system_error>
 
-#include "shell/common/error.h"
-#include "shell/common/modPromenne.h"
+#include "values/error.h"
+#include "values/file.h"
 
 namespace velta {
 namespace {
-
-/// The law adds this many percentage points to the repo rate.
-constexpr double kRepoSurcharge = 7.0;
 
 int WholeNumber(std::string_view text) {
   text = Trimmed(text);
@@ -55,7 +52,7 @@ void ForEachLine(const std::string& path, const std::function<void(std::string_v
   }
 }
 
-CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& locale) {
+CnbRow ParseCnbRow(std::string_view line, Date today, const LocaleFormat& locale) {
   CnbRow row;
   row.valid_from = ParseDottedDate(Columns(line, 1, kCnbFieldWidth));
   const std::string_view valid_to = Columns(line, 20, kCnbFieldWidth);
@@ -63,17 +60,18 @@ CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& lo
   row.discount_rate = Trimmed(Columns(line, 40, kCnbFieldWidth));
   row.interest_rate = Trimmed(Columns(line, 61, kCnbFieldWidth));
   const std::size_t comma = row.interest_rate.find(',');
-  if (GetDecimalSep(locale) != "," && comma != std::string::npos) row.interest_rate[comma] = '.';
+  if (locale.decimal != "," && comma != std::string::npos) row.interest_rate[comma] = '.';
+  if (IsNumeric(row.interest_rate, locale)) row.rate = ToRate(row.interest_rate, locale);
   return row;
 }
 
-RepoRow ParseRepoRow(std::string_view line, const ui::LocaleFormat& locale) {
+RepoRow ParseRepoRow(std::string_view line, const LocaleFormat& locale) {
   RepoRow row;
   const int day = WholeNumber(Columns(line, 1, 2));
   const int month = WholeNumber(Columns(line, 3, 2));
   row.start = DateFromParts(WholeNumber(Columns(line, 5, 4)), month, day);
   std::string repo_rate(Columns(line, 9, line.npos));
-  if (GetDecimalSep(locale) == ".") std::replace(repo_rate.begin(), repo_rate.end(), ',', '.');
+  if (locale.decimal == ".") std::replace(repo_rate.begin(), repo_rate.end(), ',', '.');
   // Added in double and narrowed once: a sum in single precision would show as 7,5299997.
   row.rate = static_cast<Rate>(ToDouble(repo_rate, locale) + kRepoSurcharge);
   return row;

@@ -2,12 +2,13 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "shell/common/date.h"
-#include "shell/common/number_text.h"
-#include "ui/locale.h"
+#include "values/date.h"
+#include "values/locale.h"
+#include "values/number_text.h"
 
 /// The two rate tables in the program's folder: text in fixed columns, one row a line, in ascending
 /// order of date. They are only read, and never sorted: whoever uses them relies on their order.
@@ -15,7 +16,7 @@ namespace velta {
 
 /// Hands every line to `use`, without the blanks around it; lines that are empty then are left out.
 /// Lines end with CR LF or LF; a byte order mark and a closing Ctrl-Z do not count. Errors are
-/// those of ReadFile (shell/common/modPromenne.h). What was handed out before `use` throws was
+/// those of ReadFile (values/file.h). What was handed out before `use` throws was
 /// handed out for good.
 void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use);
 
@@ -37,12 +38,16 @@ struct CnbRow {
   Date valid_from;
   Date valid_to;              ///< inclusive
   std::string discount_rate;  ///< as it stands in the file; for show only
-  std::string interest_rate;  ///< per cent a year, a number of the user's locale
+  std::string interest_rate;  ///< per cent a year, as the user's locale writes it
+  std::optional<Rate> rate;   ///< the same as a number; none where it is none
 };
 
 /// `today` ends a row that is still in force. A date that is none: Error 13, one outside the
-/// calendar: Error 5. The rates are not looked at.
-CnbRow ParseCnbRow(std::string_view line, Date today, const ui::LocaleFormat& locale);
+/// calendar: Error 5. Rates that are no numbers are no errors here.
+CnbRow ParseCnbRow(std::string_view line, Date today, const LocaleFormat& locale);
+
+/// The percentage points that stand on top of the repo rate in the table of half-years.
+inline constexpr Rate kRepoSurcharge = 7;
 
 /// A half-year and its rate of interest.
 struct RepoRow {
@@ -52,6 +57,6 @@ struct RepoRow {
 
 /// "010120052,50" is 1.1.2005 and 9.5. A date or rate that is none: Error 13, a date outside the
 /// calendar: Error 5.
-RepoRow ParseRepoRow(std::string_view line, const ui::LocaleFormat& locale);
+RepoRow ParseRepoRow(std::string_view line, const LocaleFormat& locale);
 
 }  // namespace velta

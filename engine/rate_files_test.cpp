@@ -9,10 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "shell/common/error.h"
 #include "tests/support/day.h"
+#include "tests/support/english_locale.h"
 #include "tests/support/rate_folder.h"
 #include "ui/memory/memory_platform.h"
+#include "values/error.h"
 
 namespace velta {
 namespace {
@@ -20,8 +21,8 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Date kToday = Day(2026, 11, 21);
-const ui::LocaleFormat kCzech;
-const ui::LocaleFormat kEnglish = ui::EnglishLocale();
+const LocaleFormat kCzech;
+const LocaleFormat kEnglish = EnglishLocale();
 
 /// The number of the Error that `act` throws; 0 for none.
 int ErrorOf(const std::function<void()>& act) {
@@ -237,7 +238,7 @@ class ParseRepoRowTest : public testing::TestWithParam<RepoSample> {};
 
 TEST_P(ParseRepoRowTest, GivesTheSameInEveryLocale) {
   const RepoSample& sample = GetParam();
-  for (const ui::LocaleFormat& locale : {kCzech, kEnglish}) {
+  for (const LocaleFormat& locale : {kCzech, kEnglish}) {
     SCOPED_TRACE(locale.decimal);
     RepoRow row;
     EXPECT_EQ(ErrorOf([&] { row = ParseRepoRow(sample.line, locale); }), sample.error);

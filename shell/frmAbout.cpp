@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/common/addresses.h"
+#include "app/addresses.h"
 
 namespace velta {
 

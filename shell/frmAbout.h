@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/common/form.h"
+#include "app/form.h"
 
 namespace velta {
 

@@ -1,10 +1,11 @@
 #include "shell/frmHistory.h"
 
-#include "shell/common/busy_pointer.h"
-#include "shell/common/modPromenne.h"
-#include "shell/common/page.h"
-#include "shell/common/printing.h"
-#include "shell/common/text_encoding.h"
+#include "app/busy_pointer.h"
+#include "app/modPromenne.h"
+#include "app/page.h"
+#include "app/printing.h"
+#include "values/file.h"
+#include "values/text_encoding.h"
 
 namespace velta {
 

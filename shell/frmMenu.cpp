@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "shell/common/addresses.h"
-#include "shell/common/busy_pointer.h"
-#include "shell/common/error.h"
-#include "shell/common/help.h"
-#include "shell/common/modPromenne.h"
+#include "app/addresses.h"
+#include "app/busy_pointer.h"
+#include "app/help.h"
+#include "app/modPromenne.h"
+#include "values/error.h"
 
 namespace velta {
 

@@ -4,9 +4,9 @@
 #include <chrono>
 #include <string>
 
-#include "calc/calculation_window.h"
-#include "settings/settings.h"
-#include "shell/common/form.h"
+#include "app/form.h"
+#include "windows/calculation/calculation_window.h"
+#include "windows/settings/settings.h"
 
 namespace velta {
 

@@ -9,11 +9,11 @@
 #include <utility>
 #include <vector>
 
-#include "calc/progressive/frmPostupny.h"
-#include "calc/single/frmJednotlivy.h"
-#include "invoice/frmFaktura.h"
 #include "shell/velta.h"
 #include "tests/support/program_test.h"
+#include "windows/invoice/frmFaktura.h"
+#include "windows/progressive/frmPostupny.h"
+#include "windows/single/frmJednotlivy.h"
 
 namespace velta {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "settings/settings.h"
-#include "shell/common/form.h"
+#include "app/form.h"
+#include "windows/settings/settings.h"
 
 namespace velta {
 

@@ -2,14 +2,14 @@
 
 #include <memory>
 
-#include "calc/progressive/frmPostupny.h"
-#include "calc/single/frmJednotlivy.h"
-#include "invoice/frmFaktura.h"
-#include "settings/frmNastaveni.h"
 #include "shell/frmAbout.h"
 #include "shell/frmHistory.h"
 #include "shell/frmMenu.h"
 #include "shell/frmSplash.h"
+#include "windows/invoice/frmFaktura.h"
+#include "windows/progressive/frmPostupny.h"
+#include "windows/settings/frmNastaveni.h"
+#include "windows/single/frmJednotlivy.h"
 
 namespace velta {
 

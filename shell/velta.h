@@ -1,8 +1,8 @@
 #pragma once
 
-#include "calc/calculation_window.h"
-#include "settings/settings.h"
-#include "shell/common/program.h"
+#include "app/program.h"
+#include "windows/calculation/calculation_window.h"
+#include "windows/settings/settings.h"
 
 namespace velta {
 

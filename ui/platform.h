@@ -5,7 +5,6 @@
 #include "ui/event_loop.h"
 #include "ui/help_viewer.h"
 #include "ui/launcher.h"
-#include "ui/locale.h"
 #include "ui/message_box.h"
 #include "ui/opener.h"
 #include "ui/printer.h"
@@ -13,6 +12,7 @@
 #include "ui/settings_store.h"
 #include "ui/user_name.h"
 #include "ui/window_system.h"
+#include "values/locale.h"
 
 namespace velta::ui {
 

@@ -18,9 +18,6 @@ struct PrintedLine {
   bool keep_with_next = false;
 };
 
-/// The cells of a line: each a character with the combining marks that follow it.
-std::vector<std::string_view> Cells(std::string_view text);
-
 /// A square code that a telephone reads (QR, error correction M). It is found by the light border
 /// around it: whoever places it leaves two cells and a line free on every side.
 struct PrintedCode {

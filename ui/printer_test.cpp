@@ -12,20 +12,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST(CellsTest, EveryCharacterHasOne) {
-  EXPECT_THAT(Cells(""), IsEmpty());
-  EXPECT_THAT(Cells("ž ‰|"), ElementsAre("ž", " ", "‰", "|"));
-}
-
-TEST(CellsTest, CombiningMarkStandsInTheCellOfItsLetter) {
-  EXPECT_THAT(Cells("xe\u030Cy"), ElementsAre("x", "e\u030C", "y"));
-  EXPECT_THAT(Cells("a\u0323\u0302\u20D0\uFE20"), ElementsAre("a\u0323\u0302\u20D0\uFE20"));
-}
-
-TEST(CellsTest, MarkWithoutALetterHasItsOwn) {
-  EXPECT_THAT(Cells("\u030Ce"), ElementsAre("\u030C", "e"));
-}
-
 /// So many lines, of which those of a block are joined; blocks are [first, last].
 struct Block {
   std::size_t first;

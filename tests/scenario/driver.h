@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "shell/common/form.h"
-#include "shell/common/program.h"
+#include "app/form.h"
+#include "app/program.h"
 #include "tests/scenario/value.h"
 #include "ui/clipboard.h"
 #include "ui/controls.h"

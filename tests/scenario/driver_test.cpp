@@ -90,7 +90,7 @@ class FormMaker final : public ui::ControlVisitor {
 
 class SampleView final : public ui::WindowView {
  public:
-  SampleView(ui::Window& window, qt::HintFilter& hints, const ui::LocaleFormat& locale) {
+  SampleView(ui::Window& window, qt::HintFilter& hints, const LocaleFormat& locale) {
     root_.setObjectName(qt::ToQString(window.name()));
     root_.resize(400, 600);
     auto* page = new QWidget(&root_);
@@ -125,7 +125,7 @@ class SampleWindowSystem final : public ui::WindowSystem {
 
  private:
   qt::HintFilter hints_;
-  ui::LocaleFormat locale_;
+  LocaleFormat locale_;
 };
 
 /// What the user does and reads has the same effect and the same values on both platforms.

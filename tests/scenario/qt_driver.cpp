@@ -29,7 +29,6 @@
 #include <set>
 #include <string>
 
-#include "shell/common/date.h"
 #include "ui/qt/binder.h"
 #include "ui/qt/clipboard.h"
 #include "ui/qt/event_loop.h"
@@ -37,6 +36,7 @@
 #include "ui/qt/run.h"
 #include "ui/qt/text.h"
 #include "ui/qt/window_system.h"
+#include "values/date.h"
 
 namespace velta::scenario {
 
@@ -164,7 +164,7 @@ class WatchedClipboard final : public ui::Clipboard {
 /// Plays on the real windows.
 class QtDriver final : public Driver {
  public:
-  explicit QtDriver(const ui::LocaleFormat& locale)
+  explicit QtDriver(const LocaleFormat& locale)
       : locale_(locale),
         message_box_(event_loop_.loop(),
                      [this](ui::Icon icon, const std::string& caption, const std::string& text) {
@@ -228,7 +228,7 @@ class QtDriver final : public Driver {
   static Value GetOf(const QComboBox& list, const Property& property);
   static Value GetOf(const QListWidget& list, const Property& property);
 
-  const ui::LocaleFormat& locale_;
+  const LocaleFormat& locale_;
   WatchedEventLoop event_loop_;
   WatchedMessageBox message_box_;
   WatchedClipboard clipboard_;
@@ -600,7 +600,7 @@ int WithQt(char** argv, const std::function<int()>& play) {
   return play();
 }
 
-std::unique_ptr<Driver> MakeQtDriver(const ui::LocaleFormat& locale) {
+std::unique_ptr<Driver> MakeQtDriver(const LocaleFormat& locale) {
   return std::make_unique<QtDriver>(locale);
 }
 

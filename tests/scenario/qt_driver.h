@@ -13,6 +13,6 @@ int WithQt(char** argv, const std::function<int()>& play);
 
 /// The driver of the real widgets: sends them key and mouse events and reads them back. Only inside
 /// WithQt. `locale` must outlive the driver.
-std::unique_ptr<Driver> MakeQtDriver(const ui::LocaleFormat& locale);
+std::unique_ptr<Driver> MakeQtDriver(const LocaleFormat& locale);
 
 }  // namespace velta::scenario

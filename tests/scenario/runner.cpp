@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/scenario/state.h"
+#include "tests/support/english_locale.h"
 
 namespace velta::scenario {
 
@@ -98,7 +99,7 @@ void Runner::Do(const Command& command) {
 void Runner::ChangeWorld(const Command& command) {
   switch (command.verb) {
     case Verb::kLocale:
-      world_.next_locale = command.text == "en" ? ui::EnglishLocale() : ui::LocaleFormat();
+      world_.next_locale = command.text == "en" ? EnglishLocale() : LocaleFormat();
       break;
     case Verb::kToday:
       world_.clock.now = {command.day, command.time};

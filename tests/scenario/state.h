@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/common/calculation_state.h"
+#include "app/calculation_state.h"
 #include "tests/scenario/value.h"
 
 /// The program-wide values as scenarios see them.

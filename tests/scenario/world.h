@@ -50,8 +50,8 @@ struct World {
   ui::MemoryUserName user_name;
   ui::MemoryClock clock;
   ui::MemoryProgramFolder program_folder;
-  ui::LocaleFormat locale;       ///< of the running program
-  ui::LocaleFormat next_locale;  ///< of the program that is started next
+  LocaleFormat locale;       ///< of the running program
+  LocaleFormat next_locale;  ///< of the program that is started next
 };
 
 }  // namespace velta::scenario

@@ -17,7 +17,7 @@
 #include <iostream>
 #include <string>
 
-#include "shell/common/form.h"
+#include "app/form.h"
 #include "shell/velta.h"
 #include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"

@@ -8,11 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include "settings/settings.h"
-#include "shell/common/form.h"
-#include "shell/common/program.h"
+#include "app/form.h"
+#include "app/program.h"
 #include "tests/support/day.h"
 #include "ui/memory/memory_platform.h"
+#include "windows/settings/settings.h"
 
 namespace velta {
 

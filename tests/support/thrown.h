@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "shell/common/error.h"
+#include "values/error.h"
 
 /// For tests only.
 namespace velta::testing {

@@ -193,7 +193,4 @@ struct MemoryPlatform {
   }
 };
 
-/// How an English-speaking user's system writes: decimal point, comma grouping, month first.
-inline LocaleFormat EnglishLocale() { return {".", ",", "M/d/yyyy", "h:mm AP"}; }
-
 }  // namespace velta::ui

@@ -108,7 +108,7 @@ bool IsUsersWay(Qt::FocusReason reason) {
 
 }  // namespace
 
-Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints, const ui::LocaleFormat& locale)
+Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints, const LocaleFormat& locale)
     : QObject(&root), window_(window), root_(root), hints_(hints), locale_(locale) {
   for (ui::Control* control : window.controls()) control->Accept(*this);
   SetTabOrder();

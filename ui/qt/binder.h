@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "ui/controls.h"
-#include "ui/locale.h"
+#include "values/locale.h"
 
 class QAbstractButton;
 class QButtonGroup;
@@ -24,7 +24,7 @@ class HintFilter;
 class Binder final : public QObject, private ui::ControlVisitor {
  public:
   /// Ties all controls of `window` to the widgets inside `root`, whose child the binder becomes.
-  Binder(ui::Window& window, QWidget& root, HintFilter& hints, const ui::LocaleFormat& locale);
+  Binder(ui::Window& window, QWidget& root, HintFilter& hints, const LocaleFormat& locale);
 
   /// Gives the keyboard to the widget of the model's focused control.
   void TakeFocus();
@@ -75,7 +75,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   ui::Window& window_;
   QWidget& root_;
   HintFilter& hints_;
-  const ui::LocaleFormat& locale_;
+  const LocaleFormat& locale_;
   QHash<const QObject*, ui::Control*> controls_;
   QHash<const QObject*, ui::TextBox*> lines_;
   QHash<QString, QButtonGroup*> options_;  // by the name of their array

@@ -144,7 +144,7 @@ class BinderTest : public ::testing::Test {
   }
 
   ui::MemoryEventLoop loop_;
-  ui::LocaleFormat locale_;
+  LocaleFormat locale_;
   Model model_{loop_};
   HintFilter hints_;
   Form form_;
@@ -831,7 +831,7 @@ TEST(BinderDeathTest, ControlWithoutItsWidgetEndsTheProgram) {
   ui::MemoryEventLoop loop;
   ui::Window model("frmTest", ui::WindowKind::kChild, loop);
   ui::TextBox box(model, "txtNikde");
-  const ui::LocaleFormat locale;
+  const LocaleFormat locale;
   EXPECT_DEATH(
       {
         HintFilter hints;
@@ -846,7 +846,7 @@ TEST(BinderDeathTest, EditableListWhoseFormSaysOtherwiseEndsTheProgram) {
   ui::Window model("frmTest", ui::WindowKind::kChild, loop);
   ui::DropDown list(model, "cboText");
   list.SetEditable();
-  const ui::LocaleFormat locale;
+  const LocaleFormat locale;
   EXPECT_DEATH(
       {
         HintFilter hints;

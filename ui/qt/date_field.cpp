@@ -12,12 +12,12 @@
 #include <optional>
 #include <string>
 
-#include "shell/common/date.h"
-#include "shell/common/error.h"
 #include "ui/controls.h"
 #include "ui/qt/clock.h"
 #include "ui/qt/pictures.h"
 #include "ui/qt/text.h"
+#include "values/date.h"
+#include "values/error.h"
 
 namespace velta::qt {
 
@@ -52,7 +52,7 @@ DateField::DateField(QWidget* parent, const ui::Clock& clock) : QLineEdit(parent
   ShowDay();
 }
 
-void DateField::SetFormat(const ui::LocaleFormat& format) {
+void DateField::SetFormat(const LocaleFormat& format) {
   format_ = format;
   ShowDay();
 }

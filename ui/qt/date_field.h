@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "ui/clock.h"
-#include "ui/locale.h"
+#include "values/locale.h"
 
 namespace velta::qt {
 
@@ -29,7 +29,7 @@ class DateField final : public QLineEdit {
   explicit DateField(QWidget* parent = nullptr, const ui::Clock& clock = ComputersClock());
 
   /// The user's date form; the Czech one until it is set.
-  void SetFormat(const ui::LocaleFormat& format);
+  void SetFormat(const LocaleFormat& format);
 
   std::chrono::sys_days day() const { return day_; }
   void SetDay(std::chrono::sys_days day);
@@ -69,7 +69,7 @@ class DateField final : public QLineEdit {
   static const ui::Clock& ComputersClock();
 
   const ui::Clock& clock_;
-  ui::LocaleFormat format_;
+  LocaleFormat format_;
   std::chrono::sys_days day_{};
   QAction* arrow_;
   QPointer<QWidget> popup_;

@@ -30,7 +30,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/common/form.h"
+#include "app/form.h"
 #include "shell/velta.h"
 #include "ui/memory/memory_platform.h"
 #include "ui/qt/binder.h"

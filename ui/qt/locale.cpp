@@ -9,7 +9,7 @@ namespace velta::qt {
 namespace {
 
 QString DatePattern(const QLocale& locale) {
-  QString czech = ToQString(ui::LocaleFormat().date_pattern);
+  QString czech = ToQString(LocaleFormat().date_pattern);
   QString pattern = locale.dateFormat(QLocale::ShortFormat);
   static const QLocale kCzech(QLocale::Czech, QLocale::CzechRepublic);
   if (locale.language() == QLocale::Czech && pattern == kCzech.dateFormat(QLocale::ShortFormat)) {
@@ -22,20 +22,20 @@ QString DatePattern(const QLocale& locale) {
   return kNumeric.match(pattern).hasMatch() ? pattern : czech;
 }
 
-/// In the terms of ui::LocaleFormat.
+/// In the terms of LocaleFormat.
 QString TimePattern(const QLocale& locale) {
   QString pattern = locale.timeFormat(QLocale::ShortFormat);
   static const QRegularExpression kBlank(R"(\s)", QRegularExpression::UseUnicodePropertiesOption);
   static const QRegularExpression kHalf("[aA][pP]?");
   pattern.replace(kBlank, " ").replace(kHalf, "AP");
   static const QRegularExpression kNumeric("^(HH?[:.]mm|hh?[:.]mm ?AP|AP ?hh?[:.]mm)$");
-  return kNumeric.match(pattern).hasMatch() ? pattern : ToQString(ui::LocaleFormat().time_pattern);
+  return kNumeric.match(pattern).hasMatch() ? pattern : ToQString(LocaleFormat().time_pattern);
 }
 
 }  // namespace
 
-ui::LocaleFormat LocaleFormatOf(const QLocale& locale) {
-  ui::LocaleFormat format;
+LocaleFormat LocaleFormatOf(const QLocale& locale) {
+  LocaleFormat format;
   if (locale.language() == QLocale::C) return format;
   // The comma is the decimal separator or the point is: rate files, typed separators and pasted
   // amounts know no third. So a point never groups either, lest a pasted "1.5" be read as 15.

@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-#include "ui/locale.h"
+#include "values/locale.h"
 
 namespace velta::qt {
 
@@ -13,6 +13,6 @@ namespace velta::qt {
 ///    cannot be typed from the number keys (month names, other scripts) gives way to the Czech one;
 ///  - the time of day has its hours and minutes, and what the locale says before and after noon; a
 ///    pattern with other words in it gives way to the Czech one.
-ui::LocaleFormat LocaleFormatOf(const QLocale& locale);
+LocaleFormat LocaleFormatOf(const QLocale& locale);
 
 }  // namespace velta::qt

@@ -20,7 +20,7 @@ class LocaleFormatTest : public ::testing::TestWithParam<Row> {};
 
 // The expected forms are those of the Unicode locale data, with the changes that the header names.
 TEST_P(LocaleFormatTest, IsTheUsersOwnInTheProgramsTerms) {
-  const ui::LocaleFormat format = LocaleFormatOf(QLocale(GetParam().locale));
+  const LocaleFormat format = LocaleFormatOf(QLocale(GetParam().locale));
   EXPECT_EQ(format.decimal, GetParam().decimal);
   EXPECT_EQ(format.group, GetParam().group);
   EXPECT_EQ(format.date_pattern, GetParam().date_pattern);

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ui/qt/text.h"
+#include "values/letters.h"
 
 namespace velta::qt {
 
@@ -27,7 +28,7 @@ constexpr double kPageHeight = ui::kLinesOfPage * kLineHeight + kSmallPrint + 1;
 class CellGrid {
  public:
   CellGrid(const std::vector<ui::PrintedLine>& lines, std::size_t first, std::size_t end) {
-    for (std::size_t i = first; i < end; ++i) rows_.push_back(ui::Cells(lines[i].text));
+    for (std::size_t i = first; i < end; ++i) rows_.push_back(Cells(lines[i].text));
   }
 
   std::size_t Width(std::size_t row) const { return rows_[row].size(); }

@@ -27,7 +27,7 @@ struct QtPlatform {
             program_folder, window_system, locale};
   }
 
-  ui::LocaleFormat locale = LocaleFormatOf(QLocale::system());
+  LocaleFormat locale = LocaleFormatOf(QLocale::system());
   EventLoop event_loop;
   MessageBox message_box{event_loop};
   Clipboard clipboard;

@@ -11,10 +11,10 @@
 #include <QSettings>
 #include <QTest>
 
-#include "ui/locale.h"
 #include "ui/memory/memory_platform.h"
 #include "ui/qt/window_system.h"
 #include "ui/window.h"
+#include "values/locale.h"
 
 namespace velta::qt {
 namespace {
@@ -47,7 +47,7 @@ class Session {
   static QMdiArea& Desktop() { return *Main().findChild<QMdiArea*>(); }
 
  private:
-  ui::LocaleFormat locale_;
+  LocaleFormat locale_;
   ui::MemoryEventLoop loop_;
   WindowSystem system_;
   ui::Window main_{"frmMenu", ui::WindowKind::kMain, loop_};

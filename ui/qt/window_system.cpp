@@ -293,7 +293,7 @@ class WindowSystem::ChildView final : public WindowSystem::View {
   std::optional<ChildPlace> place_;
 };
 
-WindowSystem::WindowSystem(const ui::LocaleFormat& locale, const WindowPlaces* places)
+WindowSystem::WindowSystem(const LocaleFormat& locale, const WindowPlaces* places)
     : locale_(locale), places_(places) {
   qApp->installEventFilter(this);
 }

@@ -4,10 +4,10 @@
 #include <QObject>
 #include <QPointer>
 
-#include "ui/locale.h"
 #include "ui/qt/hint_filter.h"
 #include "ui/qt/window_places.h"
 #include "ui/window_system.h"
+#include "values/locale.h"
 
 class QAbstractButton;
 class QAction;
@@ -24,7 +24,7 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
  public:
   /// `locale` must outlive the window system, and so must `places`, where the windows' places are
   /// kept; null: nowhere.
-  explicit WindowSystem(const ui::LocaleFormat& locale, const WindowPlaces* places = nullptr);
+  explicit WindowSystem(const LocaleFormat& locale, const WindowPlaces* places = nullptr);
 
   [[nodiscard]] std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override;
 
@@ -42,7 +42,7 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   void RequestHelp();
   [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
 
-  const ui::LocaleFormat& locale_;
+  const LocaleFormat& locale_;
   const WindowPlaces* places_;
   HintFilter hints_;
   ui::Window* main_ = nullptr;

@@ -59,7 +59,7 @@ class WindowSystemTest : public ::testing::Test {
     return visible;
   }
 
-  ui::LocaleFormat locale_;
+  LocaleFormat locale_;
   ui::MemoryEventLoop loop_;
   WindowSystem system_{locale_};
   ui::Window main_{"frmMenu", ui::WindowKind::kMain, loop_};

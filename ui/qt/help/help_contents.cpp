@@ -4,8 +4,8 @@
 #include <QTextDocumentFragment>
 #include <algorithm>
 
-#include "shell/common/text_encoding.h"
 #include "ui/qt/text.h"
+#include "values/text_encoding.h"
 
 namespace velta::qt {
 

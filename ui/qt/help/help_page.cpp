@@ -2,8 +2,8 @@
 
 #include <QMessageBox>
 
-#include "shell/common/addresses.h"
-#include "shell/common/error_report.h"
+#include "app/addresses.h"
+#include "app/error_report.h"
 #include "ui/qt/help/chm_file.h"
 #include "ui/qt/opener.h"
 #include "ui/qt/text.h"

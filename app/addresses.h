@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "app/program.h"
+
+/// The maker's addresses. The domain is reserved for examples and belongs to nobody.
+namespace velta {
+
+inline constexpr const char* kHomePage = "https://velta.example/";
+inline constexpr const char* kSupportPage = "https://velta.example/podpora/";  ///< technical help
+inline constexpr const char* kSupportMail = "podpora@velta.example";
+
+/// Opens a web address, or a new message to a mail address, in the user's own program. Where there
+/// is none the user is told so.
+void OpenWeb(Program& program, const std::string& address);
+void OpenMail(Program& program, const std::string& address);
+
+/// What the user is told where no program takes an address.
+std::string NothingOpens(const std::string& address);
+
+}  // namespace velta

@@ -1,0 +1,29 @@
+#include "app/help.h"
+
+#include <string>
+
+#include "app/modPromenne.h"
+#include "values/error.h"
+
+namespace velta {
+
+namespace {
+
+/// The program folder as it stands + separator + name. Where the separator is "\" a folder that
+/// ends in one gets a second, which the help viewer takes; elsewhere never.
+std::string HelpFilePath(const ui::ProgramFolder& folder) {
+  if (folder.Separator() == "\\") return folder.Path() + "\\" + kHelpFileName;
+  return ProgramFile(folder, kHelpFileName);
+}
+
+}  // namespace
+
+void OpenHelp(Program& program, std::optional<HelpTopic> topic) {
+  ui::HelpViewer& viewer = program.platform.help_viewer;
+  const std::string file = HelpFilePath(program.platform.program_folder);
+  const bool opened =
+      topic ? viewer.OpenTopic(file, static_cast<int>(*topic)) : viewer.OpenContents(file);
+  if (!opened) throw Error(ErrorNumber::kFileNotFound);
+}
+
+}  // namespace velta

@@ -1,0 +1,65 @@
+#include "calc/progressive_calculation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "values/number_text.h"
+
+namespace velta {
+
+ProgressiveCalculation::ProgressiveCalculation(Debt debt, Rounding rounding)
+    : rounding_(rounding), balance_(debt.amount) {
+  result_.due_date = debt.due_date;
+  result_.kind = debt.kind;
+  result_.kind_text = std::move(debt.kind_text);
+  result_.rate = debt.rate;
+}
+
+Payment ProgressiveCalculation::Compute(Date date, Money amount,
+                                        std::vector<InterestPeriod> periods) const {
+  Payment payment;
+  payment.date = date;
+  payment.days = DaysBetween(result_.due_date, date);
+  payment.amount = amount;
+  double interest = 0;
+  if (result_.kind == RateKind::kUnknown) {
+    if (!result_.payments.empty()) interest = result_.payments.back().interest;
+  } else if (result_.kind == RateKind::kRepo) {
+    for (const InterestPeriod& period : periods) interest += period.interest;
+  } else {
+    interest = Interest(result_.kind, amount.ToDouble(), result_.rate, payment.days);
+  }
+  payment.interest = Rounded(interest);
+  payment.periods = std::move(periods);
+  return payment;
+}
+
+double ProgressiveCalculation::Rounded(double interest) const {
+  // Without rounding a payment has two decimals, unlike a single calculation's interest.
+  return rounding_ == Rounding::kNone ? RoundedTo(interest, 2) : ApplyRounding(rounding_, interest);
+}
+
+std::variant<Payment, Refusal> ProgressiveCalculation::Add(Payment payment) {
+  const Money balance = balance_ - payment.amount;
+  if (payment.amount > balance_) return Refusal::kMoreThanBalance;
+  payment.balance = balance;
+  // The total counts what is listed: the interest of every half-year, or of the whole payment.
+  payment.interest_sum = Money();
+  for (const InterestPeriod& period : payment.periods) {
+    payment.interest_sum += ToMoney(period.interest);
+  }
+  if (payment.periods.empty()) payment.interest_sum = ToMoney(payment.interest);
+  Money total = result_.total + payment.interest_sum;
+  const int interest_count =
+      interest_count_ + std::max(1, static_cast<int>(payment.periods.size()));
+  // One interest is its own total; in the repo regime it is exact and the total rounded.
+  if (balance == Money() && interest_count == 1) total = Money::FromDouble(payment.interest);
+
+  result_.payments.push_back(payment);
+  result_.total = total;
+  interest_count_ = interest_count;
+  balance_ = balance;
+  return payment;
+}
+
+}  // namespace velta

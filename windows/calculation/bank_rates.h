@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "app/program.h"
+#include "calc/rate_kind.h"
+#include "windows/calculation/frmPocitejCNB.h"
+#include "windows/calculation/frmPocitejRepo.h"
+
+namespace velta {
+
+/// The two engines that a calculation window loads with itself, and how it asks them.
+class BankRates {
+ public:
+  /// `repo_ready` is called when the repo engine has computed its periods.
+  BankRates(Program& program, std::function<void()> repo_ready);
+
+  /// Reads both rate tables. The discount engine reports a fault itself and stays without rows; a
+  /// fault of the repo table is thrown, with what was read so far kept.
+  void Load();
+
+  /// The discount regime's rate at a due date. Where there is none the user has been told, by the
+  /// engine's own report or by "Nenalezena sazba pro zadané období", and the result is empty.
+  std::optional<Rate> DiscountRate(Date due_date);
+
+  /// Starts the repo regime's computation, in place of one that is pending; `repo_ready` follows on
+  /// a later turn of the event loop. The interest is on `payment`, in a single calculation on the
+  /// shared BaseAmount instead. Returns false where no rate was found and the user has been told.
+  bool StartRepo(Date due_date, Date payment_date, Money payment = {});
+
+  /// Whether a computation has been started and `repo_ready` not yet been called.
+  bool RepoPending() const { return repo_.Timer1.armed(); }
+  /// Carries a pending computation through now.
+  void FinishRepo() { repo_.Timer1.RunNow(); }
+  /// Forgets a pending computation.
+  void CancelRepo() { repo_.Timer1.Disarm(); }
+
+  const frmPocitejRepo& repo() const { return repo_; }
+
+ private:
+  Program& program_;
+  frmPocitejCNB cnb_;
+  frmPocitejRepo repo_;
+};
+
+}  // namespace velta

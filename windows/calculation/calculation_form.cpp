@@ -1,0 +1,179 @@
+#include "windows/calculation/calculation_form.h"
+
+#include <optional>
+#include <utility>
+
+#include "app/help.h"
+
+namespace velta {
+
+CalculationForm::CalculationForm(Program& program, std::string name, CalculationKind kind,
+                                 const Settings& settings, CalculationWindows& calculations)
+    : Form(program, std::move(name)),
+      settings_(settings),
+      kind_(kind),
+      calculations_(calculations),
+      entry_(kind == CalculationKind::kSingle ? calculations.single : calculations.progressive) {
+  cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
+
+  for (ui::Button* command : {&cmdNovy, &cmdTiskVyp, &cmdTiskFa}) command->SetUsesInputs();
+  OnClick(cmdNovy, [this] { cmdNovy_Click(); });
+  OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
+  OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_, help_topic()); });
+  OnClick(cmdKonec, [this] { Close(); });
+  OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
+  OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });
+
+  for (ui::DatePicker* picker : {&dtpSplatnost, &dtpZaplaceni}) {
+    FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
+    OnMistyped(*picker, [this, picker] { AskForDateAgain(*picker); });
+  }
+  FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
+  Hint(cmdNovy, "Nový výpočet");
+  Hint(cmdTiskVyp, "Tisk výpočtu");
+  Hint(cmdTiskFa, "Tisk faktury");
+  Hint(cmdKonec, "Zavřít okno");
+  Hint(cmdHelp, "Vyvolá nápovědu s tématem");
+}
+
+void CalculationForm::AskForDateAgain(ui::DatePicker& picker) {
+  constexpr Date kExample{std::chrono::year{2005} / 12 / 31};
+  Message(ui::Icon::kCritical, "Datum je chybně zadáno, zadejte je například takto: " +
+                                   ShortDateText(kExample, program_.platform.locale) +
+                                   "\r\nPůvodní datum vrátí klávesa Esc");
+  if (program_.windows.Find(name()) != this) return;  // closed while the box stood open
+  program_.windows.Open(name());                      // the user may have turned to another window
+  picker.SetFocus();
+}
+
+void CalculationForm::BecomeCurrent() {
+  CalculationState& state = program_.state;
+  const bool single = kind_ == CalculationKind::kSingle;
+  if (single ? state.ProgressiveFormOpen : state.SingleFormOpen) {
+    program_.windows.Unload(single ? "frmPostupny" : "frmJednotlivy");
+  }
+  entry_ = this;
+  state.SingleFormOpen = single;
+  state.ProgressiveFormOpen = !single;
+  state.SingleIsCurrent = single;
+  state.CalculationFinished = false;
+  state.LastCalculationKind = kind_;
+}
+
+void CalculationForm::SetCommandCaptions() {
+  cmdNovy.SetCaption("Nový &výpočet");
+  cmdTiskVyp.SetCaption("&Tisk výpočtu");
+  cmdTiskFa.SetCaption("Tisk &faktury");
+  cmdHelp.SetCaption("&Nápověda");
+  cmdKonec.SetCaption("&Konec");
+}
+
+void CalculationForm::OfferRateKinds() {
+  for (std::size_t i = 0; i < kListedRateKinds; ++i) {
+    cboDruhSazby.AddItem(std::string(kRateKindTexts.at(i)));
+  }
+  cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
+}
+
+void CalculationForm::OnUnload() {
+  CancelRepo();
+  tmrTiskVypoctu.SetEnabled(false);
+  ClearResults();
+  program_.state.SingleIsCurrent = false;
+  program_.state.CalculationFinished = false;
+  entry_ = nullptr;
+}
+
+void CalculationForm::SwitchRegime() {
+  const RateKind lawful = RegimeFor(Kind(), dtpSplatnost.day());
+  if (lawful == Kind()) return;
+  Message(ui::Icon::kInformation,
+          lawful == RateKind::kRepo ? "Měním na REPO sazbu" : "Měním na DISKONTNÍ sazbu");
+  cboDruhSazby.SetIndex(static_cast<int>(lawful));
+}
+
+bool CalculationForm::TakeDates() {
+  CalculationState& state = program_.state;
+  state.DueDate = dtpSplatnost.day();
+  state.PaymentDate = dtpZaplaceni.day();
+  if (state.DueDate < state.PaymentDate) return true;
+  Message(ui::Icon::kCritical, "Datum zaplacení je chybně zadáno");
+  return false;
+}
+
+bool CalculationForm::TakeDelay() {
+  SwitchRegime();
+  if (!TakeDates()) return false;
+  program_.state.DaysLate = DaysBetween(dtpSplatnost.day(), dtpZaplaceni.day());
+  return true;
+}
+
+bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount, const ui::TextBox& rate) {
+  CalculationState& state = program_.state;
+  const LocaleFormat& locale = program_.platform.locale;
+  if (!IsNumeric(amount.text(), locale)) return false;
+  state.BaseAmount = ToMoney(amount.text(), locale);
+  state.RateKindText = cboDruhSazby.text();
+  if (IsBankKind(Kind())) return true;
+  if (!IsNumeric(rate.text(), locale)) return false;
+  state.RateValue = ToRate(rate.text(), locale);
+  return true;
+}
+
+bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
+  const std::optional<Rate> rate = bank_rates_.DiscountRate(dtpSplatnost.day());
+  if (!rate) return false;
+  box.SetText(PlainText(*rate, program_.platform.locale));
+  program_.state.RateValue = *rate;
+  return true;
+}
+
+void CalculationForm::OpenRateBox(ui::TextBox& box) const {
+  const bool typed = !IsBankKind(Kind());
+  box.SetEnabled(typed);
+  box.SetBackground(typed ? ui::Background::kWindow : ui::Background::kFace);
+}
+
+void CalculationForm::Settle() {
+  bank_rates_.FinishRepo();
+  tmrRepo.RunNow();
+}
+
+void CalculationForm::TellOfRecord() const {
+  if (calculations_.on_new_record) calculations_.on_new_record();
+}
+
+void CalculationForm::CancelRepo() {
+  bank_rates_.CancelRepo();
+  tmrRepo.SetEnabled(false);
+}
+
+void CalculationForm::ClearResults() {
+  CalculationState& state = program_.state;
+  state.RateValue = 0;
+  state.DaysLate = 0;
+  state.BaseAmount = Money();
+  state.InterestAmount = 0;
+  state.AmountWithInterest = Money();
+}
+
+void CalculationForm::cmdTiskVyp_Click() {
+  Settle();
+  if (!program_.state.CalculationFinished || !finished()) {
+    Message(ui::Icon::kCritical, kNotFinished);
+    return;
+  }
+  Print();
+}
+
+void CalculationForm::cmdTiskFa_Click() {
+  Settle();
+  if (!program_.state.CalculationFinished) {
+    Message(ui::Icon::kCritical, kNotFinished);
+    return;
+  }
+  program_.windows.Open("frmFaktura");
+}
+
+}  // namespace velta

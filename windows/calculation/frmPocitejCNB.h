@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/program.h"
+#include "engine/rate_files.h"
+#include "ui/timer.h"
+#include "windows/calculation/selectable_list.h"
+
+namespace velta {
+
+/// The discount-rate engine: due dates before 28 April 2005 bear twice the discount rate. It is
+/// loaded with a calculation window, which sets the input fields, calls an operation and reads the
+/// output fields and the shared calculation state. Its table holds the doubled rates already.
+///
+/// Every operation ends in the error report when something fails; what it set until then stays.
+class frmPocitejCNB {
+ public:
+  explicit frmPocitejCNB(Program& program);
+
+  /// Reads cnb.dat from the program's folder. A row that cannot be read ends the reading; the rows
+  /// before it stay. Nothing is selected.
+  void Form_Load();
+
+  /// Finds the row in force on the day of Text1, selects it in all lists and puts its rate into
+  /// EngineRate and txtVyseSazby. Days before the table get its first row, days after it its last.
+  /// Where the day falls between two rows, EngineRate becomes 0 (in a table of two rows it keeps
+  /// its value) and txtVyseSazby stays. Returns false where it ended in the error report.
+  bool StanoveniPrvniSazby();
+
+  /// Sums the interest on txtDluznaCastka for each day after Text1 up to and including Text2, each
+  /// at the rate of its own day; the year has 365 days. Fills lblPocetDnu, lblPenale and
+  /// InterestAmount (crowns, not rounded). From 32 767 days on: Error 6.
+  void Command1_Click();
+
+  /// Forgets the rate and computes from the start: what tmrStart runs.
+  void tmrStart_Timer();
+
+  // The table, a list each: valid from, valid to, discount rate, rate of interest.
+  std::array<SelectableList, 4> lstCnb;
+
+  // Inputs, in the forms of the user's locale.
+  std::string Text1;  ///< due date
+  std::string Text2;  ///< payment date
+  std::string txtDluznaCastka;
+
+  // Outputs.
+  std::string txtVyseSazby;  ///< the rate last found or used
+  std::string lblPocetDnu = "Zde se zobrazí počet dnů trvání dluhu";
+  std::string lblPenale = "Zde se zobrazí penále za zadané období";
+
+  ui::Timer tmrStart;
+
+ private:
+  template <class Body>
+  bool Guarded(std::string_view procedure, Body&& body) {
+    return program_.errors.Trap(procedure, "frmPocitejCNB.frm", std::forward<Body>(body));
+  }
+  const CnbRow& Row(int row) const;
+  void SelectInAll(int row);
+  bool SelectRowInForce(Date day);
+  void UseSelectedRate();
+
+  Program& program_;
+  std::vector<CnbRow> rows_;  // the same rows as lstCnb
+};
+
+}  // namespace velta
