@@ -7,36 +7,37 @@
 
 namespace velta {
 
-ProgressiveCalculation::ProgressiveCalculation(Debt debt, Rounding rounding)
-    : rounding_(rounding), balance_(debt.amount) {
+namespace {
+
+double Rounded(double interest, Rounding rounding) {
+  // Without rounding a payment has two decimals, unlike a single calculation's interest.
+  return rounding == Rounding::kNone ? RoundedTo(interest, 2) : ApplyRounding(rounding, interest);
+}
+
+}  // namespace
+
+ProgressiveCalculation::ProgressiveCalculation(Debt debt) : balance_(debt.amount) {
   result_.due_date = debt.due_date;
   result_.kind = debt.kind;
   result_.kind_text = std::move(debt.kind_text);
   result_.rate = debt.rate;
 }
 
-Payment ProgressiveCalculation::Compute(Date date, Money amount,
+Payment ProgressiveCalculation::Compute(Date date, Money amount, Rounding rounding,
                                         std::vector<InterestPeriod> periods) const {
   Payment payment;
   payment.date = date;
   payment.days = DaysBetween(result_.due_date, date);
   payment.amount = amount;
   double interest = 0;
-  if (result_.kind == RateKind::kUnknown) {
-    if (!result_.payments.empty()) interest = result_.payments.back().interest;
-  } else if (result_.kind == RateKind::kRepo) {
+  if (result_.kind == RateKind::kRepo) {
     for (const InterestPeriod& period : periods) interest += period.interest;
-  } else {
+  } else if (result_.kind != RateKind::kUnknown) {
     interest = Interest(result_.kind, amount.ToDouble(), result_.rate, payment.days);
   }
-  payment.interest = Rounded(interest);
+  payment.interest = Rounded(interest, rounding);
   payment.periods = std::move(periods);
   return payment;
-}
-
-double ProgressiveCalculation::Rounded(double interest) const {
-  // Without rounding a payment has two decimals, unlike a single calculation's interest.
-  return rounding_ == Rounding::kNone ? RoundedTo(interest, 2) : ApplyRounding(rounding_, interest);
 }
 
 std::variant<Payment, Refusal> ProgressiveCalculation::Add(Payment payment) {

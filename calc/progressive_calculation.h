@@ -24,13 +24,13 @@ class ProgressiveCalculation {
     Rate rate = 0;          ///< none in the repo regime
   };
 
-  ProgressiveCalculation(Debt debt, Rounding rounding);
+  explicit ProgressiveCalculation(Debt debt);
 
   /// A payment of `amount` on `date` with its days and its interest by the rounding rule. `periods`
   /// are those of the repo regime (RepoPeriods); else there are none. A kind
-  /// that nobody knows computes nothing: the interest of the payment before stands. Nothing is
-  /// recorded yet.
-  Payment Compute(Date date, Money amount, std::vector<InterestPeriod> periods = {}) const;
+  /// that nobody knows computes nothing. Nothing is recorded yet.
+  Payment Compute(Date date, Money amount, Rounding rounding,
+                  std::vector<InterestPeriod> periods = {}) const;
 
   /// Records a payment that Compute has made: fills in its balance and what it adds to the total,
   /// and returns it. More than the balance is refused. An amount out of range: Error 6. Then
@@ -47,9 +47,6 @@ class ProgressiveCalculation {
   const ProgressiveResult& result() const { return result_; }
 
  private:
-  double Rounded(double interest) const;
-
-  Rounding rounding_;
   Money balance_;
   int interest_count_ = 0;
   ProgressiveResult result_;

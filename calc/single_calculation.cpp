@@ -9,11 +9,7 @@ namespace velta {
 std::variant<SingleResult, Refusal> SingleCalculation(const SingleInputs& inputs,
                                                       const BankTables& tables, Rounding rounding) {
   if (inputs.due_date >= inputs.payment_date) return Refusal::kDatesReversed;
-  SingleResult result;
-  result.due_date = inputs.due_date;
-  result.payment_date = inputs.payment_date;
-  result.days = DaysBetween(inputs.due_date, inputs.payment_date);
-  result.base_amount = inputs.amount;
+  SingleResult result = Begin(inputs);
   result.kind = RegimeFor(inputs.kind, inputs.due_date);
   if (result.kind == RateKind::kRepo) {
     auto periods = RepoPeriods(tables.repo, result.due_date, result.payment_date, inputs.amount);
@@ -22,8 +18,6 @@ std::variant<SingleResult, Refusal> SingleCalculation(const SingleInputs& inputs
     Complete(result, InterestOf(result.periods, rounding));
     return result;
   }
-
-  result.rate = inputs.rate;
   if (result.kind == RateKind::kDiscount) {
     const std::optional<Rate> found = DiscountRate(tables.discount, result.due_date);
     if (!found) return Refusal::kNoRate;
@@ -43,6 +37,17 @@ std::variant<std::vector<InterestPeriod>, Refusal> RepoPeriods(const std::vector
   if (!split.complete) return Refusal::kBeyondTable;
   ComputeInterest(split.periods, amount);
   return std::move(split.periods);
+}
+
+SingleResult Begin(const SingleInputs& inputs) {
+  SingleResult result;
+  result.due_date = inputs.due_date;
+  result.payment_date = inputs.payment_date;
+  result.days = DaysBetween(inputs.due_date, inputs.payment_date);
+  result.base_amount = inputs.amount;
+  result.kind = inputs.kind;
+  result.rate = inputs.rate;
+  return result;
 }
 
 std::optional<Rate> DiscountRate(const std::vector<CnbRow>& rows, Date due_date) {

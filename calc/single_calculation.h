@@ -28,6 +28,9 @@ std::variant<SingleResult, Refusal> SingleCalculation(const SingleInputs& inputs
 
 // Its steps, for a window that shows something between them.
 
+/// The record of a calculation that has no interest yet. The kind is taken as it stands.
+SingleResult Begin(const SingleInputs& inputs);
+
 /// The rate of the discount regime at a due date; the whole delay bears it. None where the table
 /// has no row, or one with the rate 0. A rate that is no number: Error 13.
 std::optional<Rate> DiscountRate(const std::vector<CnbRow>& rows, Date due_date);

@@ -61,7 +61,11 @@ CnbRow ParseCnbRow(std::string_view line, Date today, const LocaleFormat& locale
   row.interest_rate = Trimmed(Columns(line, 61, kCnbFieldWidth));
   const std::size_t comma = row.interest_rate.find(',');
   if (locale.decimal != "," && comma != std::string::npos) row.interest_rate[comma] = '.';
-  if (IsNumeric(row.interest_rate, locale)) row.rate = ToRate(row.interest_rate, locale);
+  try {
+    row.rate = ToRate(row.interest_rate, locale);
+  } catch (const Error&) {
+    row.rate.reset();  // told when the row is needed
+  }
   return row;
 }
 

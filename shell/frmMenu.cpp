@@ -19,7 +19,7 @@ std::string WithoutAccessKey(std::string caption) {
 
 }  // namespace
 
-frmMenu::frmMenu(Program& program, Settings& settings, const CalculationWindows& calculations)
+frmMenu::frmMenu(Program& program, Settings& settings, Calculations& calculations)
     : Form(program, "frmMenu", ui::WindowKind::kMain),
       settings_(settings),
       calculations_(calculations) {
@@ -78,7 +78,7 @@ void frmMenu::OnLoad() {
   SetCaptions();
   SetHelpFile();
   program_.status.ClearHint();
-  program_.state.CalculationFinished = false;
+  calculations_.SetFinished(false);
   Timer1.SetEnabled(true);
   settings_.LoadProgramSettings();
   ShowTime();
@@ -126,7 +126,7 @@ void frmMenu::OnUnload() {
 }
 
 void frmMenu::mnuTiskVypoctu_Click() {
-  CalculationWindow* const finished = calculations_.Finished(program_.state);
+  CalculationWindow* const finished = calculations_.Finished();
   if (finished == nullptr) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
@@ -136,7 +136,7 @@ void frmMenu::mnuTiskVypoctu_Click() {
 }
 
 void frmMenu::mnuVystavitFakturu_Click() {
-  if (calculations_.Finished(program_.state) == nullptr) {
+  if (calculations_.Finished() == nullptr) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
@@ -144,7 +144,7 @@ void frmMenu::mnuVystavitFakturu_Click() {
 }
 
 void frmMenu::mnuKopirovat_Click() {
-  const CalculationWindow* const finished = calculations_.Finished(program_.state);
+  const CalculationWindow* const finished = calculations_.Finished();
   if (finished == nullptr) {
     Message(ui::Icon::kCritical, "Zadání nelze kopírovat, není úplné");
     return;

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/form.h"
-#include "windows/calculation/calculation_window.h"
+#include "windows/calculation/calculations.h"
 #include "windows/settings/settings.h"
 
 namespace velta {
@@ -14,7 +14,7 @@ namespace velta {
 /// strip and the commands on the current calculation. The program ends when it closes.
 class frmMenu final : public Form {
  public:
-  frmMenu(Program& program, Settings& settings, const CalculationWindows& calculations);
+  frmMenu(Program& program, Settings& settings, Calculations& calculations);
   ~frmMenu() override;
 
   /// The program's help file as it was registered when the window loaded: with one separator also
@@ -65,7 +65,7 @@ class frmMenu final : public Form {
   void StartProgram(const char* program, const char* not_found);
 
   Settings& settings_;
-  const CalculationWindows& calculations_;
+  Calculations& calculations_;
   std::string help_file_;
 };
 

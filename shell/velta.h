@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/program.h"
-#include "windows/calculation/calculation_window.h"
+#include "windows/calculation/calculations.h"
 #include "windows/settings/settings.h"
 
 namespace velta {
@@ -18,9 +18,9 @@ class Velta {
   Settings& settings() { return settings_; }
 
  private:
-  CalculationWindows calculations_;
   Program program_;
   Settings settings_{program_};
+  Calculations calculations_{program_.state};
 };
 
 }  // namespace velta

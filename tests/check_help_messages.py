@@ -43,7 +43,7 @@ def plain(text):
 def program_texts():
     """All strings of the logic, with what stands between them."""
     texts = []
-    for folder in ("calc", "engine", "invoice", "settings", "shell"):
+    for folder in ("values", "engine", "calc", "app", "windows", "shell"):
         for source in (ROOT / folder).rglob("*"):
             if source.suffix in (".cpp", ".h") and not source.stem.endswith("_test"):
                 texts.append(source.read_text(encoding="utf-8"))

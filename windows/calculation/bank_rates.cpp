@@ -13,23 +13,18 @@ void BankRates::Load() {
 }
 
 std::optional<Rate> BankRates::DiscountRate(Date due_date) {
-  program_.state.EngineRate = 0;  // an earlier rate must not pass for an answer
-  cnb_.Text1 = ShortDateText(due_date, program_.platform.locale);
-  if (!cnb_.StanoveniPrvniSazby()) return std::nullopt;
-  if (program_.state.EngineRate == 0) {
-    program_.platform.message_box.Show(ui::Icon::kCritical, kTitle,
-                                       "Nenalezena sazba pro zadané období");
+  const std::optional<Rate> rate = cnb_.RateOn(due_date);
+  if (rate && *rate == 0) {
+    program_.platform.message_box.Show(ui::Icon::kCritical, kTitle, Text(Refusal::kNoRate));
     return std::nullopt;
   }
-  return program_.state.EngineRate;
+  return rate;
 }
 
-bool BankRates::StartRepo(Date due_date, Date payment_date, Money payment) {
+std::optional<Refusal> BankRates::StartRepo(Date due_date, Date payment_date, Money principal) {
   repo_.dtpSplatnost = due_date;
   repo_.dtpZaplaceni = payment_date;
-  repo_.txtPostupnaUhrada = PlainText(payment, program_.platform.locale);
-  repo_.PrvniSazba();
-  return RepoPending();
+  return repo_.PrvniSazba(principal);
 }
 
 }  // namespace velta

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "app/program.h"
-#include "calc/rate_kind.h"
+#include "calc/refusal.h"
 #include "windows/calculation/frmPocitejCNB.h"
 #include "windows/calculation/frmPocitejRepo.h"
 
@@ -24,10 +24,10 @@ class BankRates {
   /// engine's own report or by "Nenalezena sazba pro zadané období", and the result is empty.
   std::optional<Rate> DiscountRate(Date due_date);
 
-  /// Starts the repo regime's computation, in place of one that is pending; `repo_ready` follows on
-  /// a later turn of the event loop. The interest is on `payment`, in a single calculation on the
-  /// shared BaseAmount instead. Returns false where no rate was found and the user has been told.
-  bool StartRepo(Date due_date, Date payment_date, Money payment = {});
+  /// Starts the repo regime's computation of the interest on `principal`, in place of one that is
+  /// pending; `repo_ready` follows on a later turn of the event loop. Returns what has refused
+  /// it; the user has been told.
+  std::optional<Refusal> StartRepo(Date due_date, Date payment_date, Money principal);
 
   /// Whether a computation has been started and `repo_ready` not yet been called.
   bool RepoPending() const { return repo_.Timer1.armed(); }

@@ -7,13 +7,12 @@
 
 namespace velta {
 
-CalculationForm::CalculationForm(Program& program, std::string name, CalculationKind kind,
-                                 const Settings& settings, CalculationWindows& calculations)
-    : Form(program, std::move(name)),
+CalculationForm::CalculationForm(Program& program, CalculationKind kind, const Settings& settings,
+                                 Calculations& calculations)
+    : Form(program, WindowName(kind)),
       settings_(settings),
-      kind_(kind),
       calculations_(calculations),
-      entry_(kind == CalculationKind::kSingle ? calculations.single : calculations.progressive) {
+      kind_(kind) {
   cboDruhSazby.SetToolTip("Vyberte si z nabídky sazbu");
 
   for (ui::Button* command : {&cmdNovy, &cmdTiskVyp, &cmdTiskFa}) command->SetUsesInputs();
@@ -48,17 +47,10 @@ void CalculationForm::AskForDateAgain(ui::DatePicker& picker) {
 }
 
 void CalculationForm::BecomeCurrent() {
-  CalculationState& state = program_.state;
-  const bool single = kind_ == CalculationKind::kSingle;
-  if (single ? state.ProgressiveFormOpen : state.SingleFormOpen) {
-    program_.windows.Unload(single ? "frmPostupny" : "frmJednotlivy");
+  if (const auto other = calculations_.InTheWayOf(kind_)) {
+    program_.windows.Unload(WindowName(*other));
   }
-  entry_ = this;
-  state.SingleFormOpen = single;
-  state.ProgressiveFormOpen = !single;
-  state.SingleIsCurrent = single;
-  state.CalculationFinished = false;
-  state.LastCalculationKind = kind_;
+  calculations_.Enter(*this, kind_);
 }
 
 void CalculationForm::SetCommandCaptions() {
@@ -80,9 +72,7 @@ void CalculationForm::OnUnload() {
   CancelRepo();
   tmrTiskVypoctu.SetEnabled(false);
   ClearResults();
-  program_.state.SingleIsCurrent = false;
-  program_.state.CalculationFinished = false;
-  entry_ = nullptr;
+  calculations_.Leave(kind_);
 }
 
 void CalculationForm::SwitchRegime() {
@@ -98,7 +88,7 @@ bool CalculationForm::TakeDates() {
   state.DueDate = dtpSplatnost.day();
   state.PaymentDate = dtpZaplaceni.day();
   if (state.DueDate < state.PaymentDate) return true;
-  Message(ui::Icon::kCritical, "Datum zaplacení je chybně zadáno");
+  Message(ui::Icon::kCritical, Text(Refusal::kDatesReversed));
   return false;
 }
 
@@ -129,6 +119,13 @@ bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
   return true;
 }
 
+bool CalculationForm::StartRepo(Money principal) {
+  const std::optional<Refusal> refusal =
+      bank_rates_.StartRepo(dtpSplatnost.day(), dtpZaplaceni.day(), principal);
+  if (refusal == Refusal::kBeyondTable) program_.state.InterestAmount = 0;
+  return !refusal;
+}
+
 void CalculationForm::OpenRateBox(ui::TextBox& box) const {
   const bool typed = !IsBankKind(Kind());
   box.SetEnabled(typed);
@@ -138,6 +135,21 @@ void CalculationForm::OpenRateBox(ui::TextBox& box) const {
 void CalculationForm::Settle() {
   bank_rates_.FinishRepo();
   tmrRepo.RunNow();
+}
+
+void CalculationForm::ShareInterest(double interest, Money amount) {
+  program_.state.InterestAmount = interest;
+  program_.state.AmountWithInterest = Money::FromDouble(interest) + amount;
+}
+
+void CalculationForm::ShowReport(const std::string& text) {
+  program_.state.ReportText = text;
+  ReportBox().SetText(text);
+}
+
+void CalculationForm::AppendReport(const std::string& text) {
+  program_.state.ReportText += text;
+  ReportBox().Append(text);
 }
 
 void CalculationForm::TellOfRecord() const {
@@ -160,7 +172,7 @@ void CalculationForm::ClearResults() {
 
 void CalculationForm::cmdTiskVyp_Click() {
   Settle();
-  if (!program_.state.CalculationFinished || !finished()) {
+  if (!calculations_.has_finished() || !finished()) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }
@@ -169,7 +181,7 @@ void CalculationForm::cmdTiskVyp_Click() {
 
 void CalculationForm::cmdTiskFa_Click() {
   Settle();
-  if (!program_.state.CalculationFinished) {
+  if (!calculations_.has_finished()) {
     Message(ui::Icon::kCritical, kNotFinished);
     return;
   }

@@ -4,7 +4,7 @@
 
 #include "app/form.h"
 #include "windows/calculation/bank_rates.h"
-#include "windows/calculation/calculation_window.h"
+#include "windows/calculation/calculations.h"
 #include "windows/settings/settings.h"
 
 namespace velta {
@@ -29,8 +29,8 @@ class CalculationForm : public Form, public CalculationWindow {
   ui::TimerControl tmrTiskVypoctu{*this, "tmrTiskVypoctu"};
 
  protected:
-  CalculationForm(Program& program, std::string name, CalculationKind kind,
-                  const Settings& settings, CalculationWindows& calculations);
+  CalculationForm(Program& program, CalculationKind kind, const Settings& settings,
+                  Calculations& calculations);
 
   // The steps of loading that both windows have.
 
@@ -49,10 +49,11 @@ class CalculationForm : public Form, public CalculationWindow {
   virtual void Print() = 0;
   /// The repo engine has computed its periods.
   virtual void tmrRepo_Timer() = 0;
+  virtual ui::TextBox& ReportBox() = 0;
 
   RateKind Kind() const { return RateKindOf(cboDruhSazby.text()); }
 
-  // The steps of computing that both windows have. They put into the shared state what they take,
+  // The steps of computing that both windows have. They put into the shared values what they take,
   // and return false where the calculation ends.
 
   /// The two dates. Tells the user where the payment is not later than the due date.
@@ -65,9 +66,18 @@ class CalculationForm : public Form, public CalculationWindow {
   /// The discount rate of the due date, which is shown in the box. Where there is none the user has
   /// been told.
   bool TakeDiscountRate(ui::TextBox& box);
+  /// Starts the computation of the interest on `principal` by half-years; tmrRepo follows. Where
+  /// there is no rate the user has been told.
+  bool StartRepo(Money principal);
   /// The rate of a bank kind is not typed.
   void OpenRateBox(ui::TextBox& box) const;
 
+  /// Puts the interest and its sum with the amount into the shared values. The sum may overflow:
+  /// Error 6, and the interest is there.
+  void ShareInterest(double interest, Money amount);
+  /// Puts a text into the report box, in place of what is there or at its end.
+  void ShowReport(const std::string& text);
+  void AppendReport(const std::string& text);
   /// Tells whoever shows the result elsewhere that there is another.
   void TellOfRecord() const;
 
@@ -77,6 +87,7 @@ class CalculationForm : public Form, public CalculationWindow {
   void ClearResults();
 
   const Settings& settings_;
+  Calculations& calculations_;
   BankRates bank_rates_{program_, [this] { tmrRepo.SetEnabled(true); }};
 
  private:
@@ -87,8 +98,6 @@ class CalculationForm : public Form, public CalculationWindow {
   void cmdTiskFa_Click();
 
   CalculationKind kind_;
-  CalculationWindows& calculations_;
-  CalculationWindow*& entry_;  // of this window among those that are loaded
 };
 
 }  // namespace velta

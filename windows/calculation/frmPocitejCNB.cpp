@@ -1,10 +1,12 @@
 #include "windows/calculation/frmPocitejCNB.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 
 #include "app/modPromenne.h"
+#include "engine/bank_tables.h"
 
 namespace velta {
 
@@ -31,10 +33,51 @@ void frmPocitejCNB::Form_Load() {
 }
 
 bool frmPocitejCNB::StanoveniPrvniSazby() {
-  return Guarded("StanoveniPrvniSazby", [&] {
-    if (SelectRowInForce(ParseShortDate(Text1, program_.platform.locale))) UseSelectedRate();
-  });
+  return Guarded("StanoveniPrvniSazby",
+                 [&] { Find(ParseShortDate(Text1, program_.platform.locale)); });
 }
+
+std::optional<Rate> frmPocitejCNB::RateOn(Date due_date) {
+  program_.state.EngineRate = 0;  // an earlier rate must not pass for an answer
+  Text1 = ShortDateText(due_date, program_.platform.locale);
+  if (!Guarded("StanoveniPrvniSazby", [&] { Find(due_date); })) return std::nullopt;
+  return program_.state.EngineRate;
+}
+
+/// A row that the table does not have has no dates, as no text is a date: Error 13.
+const CnbRow& frmPocitejCNB::Row(int row) const {
+  if (row < 0 || row >= static_cast<int>(rows_.size())) throw Error(ErrorNumber::kTypeMismatch);
+  return rows_[static_cast<std::size_t>(row)];
+}
+
+void frmPocitejCNB::Find(Date day) {
+  if (SelectRowInForce(day)) UseSelectedRate();
+}
+
+void frmPocitejCNB::SelectInAll(int row) {
+  for (SelectableList& list : lstCnb) list.Select(row);
+}
+
+/// Selects the row in force, or the one where the search has ended, and returns whether it is in
+/// force.
+bool frmPocitejCNB::SelectRowInForce(Date day) {
+  const std::optional<std::size_t> found = DiscountRow(rows_, day);
+  const int last = lstCnb[0].size() - 1;
+  const int row = found ? static_cast<int>(*found) : std::max(last - 1, 0);
+  SelectInAll(row);
+  // Each row between the first and the last one that is passed by clears the rate.
+  if (found ? 1 < row && row < last : last > 1) program_.state.EngineRate = 0;
+  return found.has_value();
+}
+
+void frmPocitejCNB::UseSelectedRate() {
+  const std::optional<Rate>& rate = Row(lstCnb[3].selected()).rate;
+  if (!rate) throw Error(ErrorNumber::kTypeMismatch);
+  program_.state.EngineRate = *rate;
+  txtVyseSazby = PlainText(*rate, program_.platform.locale);
+}
+
+// The day-by-day command, which nothing in the program gives: see docs/decisions/day-by-day.md.
 
 void frmPocitejCNB::Command1_Click() {
   Guarded("Command1_Click", [&] {
@@ -72,38 +115,6 @@ void frmPocitejCNB::tmrStart_Timer() {
     program_.state.EngineRate = 0;
     Command1_Click();
   });
-}
-
-/// A row that the table does not have has no dates, as no text is a date: Error 13.
-const CnbRow& frmPocitejCNB::Row(int row) const {
-  if (row < 0 || row >= static_cast<int>(rows_.size())) throw Error(ErrorNumber::kTypeMismatch);
-  return rows_[static_cast<std::size_t>(row)];
-}
-
-void frmPocitejCNB::SelectInAll(int row) {
-  for (SelectableList& list : lstCnb) list.Select(row);
-}
-
-/// The last row comes first, then the first one, then those between: where rows overlap, that
-/// decides. Returns false where none of them holds the day.
-bool frmPocitejCNB::SelectRowInForce(Date day) {
-  const int last = lstCnb[0].size() - 1;
-  SelectInAll(last);
-  if (day >= Row(last).valid_from) return true;
-  SelectInAll(0);
-  if (day <= Row(0).valid_to) return true;
-  for (int row = 1; row < last; ++row) {
-    SelectInAll(row);
-    if (Row(row).valid_from <= day && day <= Row(row).valid_to) return true;
-    program_.state.EngineRate = 0;
-  }
-  return false;
-}
-
-void frmPocitejCNB::UseSelectedRate() {
-  const LocaleFormat& locale = program_.platform.locale;
-  program_.state.EngineRate = ToRate(lstCnb[3].SelectedText(), locale);
-  txtVyseSazby = PlainText(program_.state.EngineRate, locale);
 }
 
 }  // namespace velta

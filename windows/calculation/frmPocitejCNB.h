@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,8 +15,8 @@
 namespace velta {
 
 /// The discount-rate engine: due dates before 28 April 2005 bear twice the discount rate. It is
-/// loaded with a calculation window, which sets the input fields, calls an operation and reads the
-/// output fields and the shared calculation state. Its table holds the doubled rates already.
+/// loaded with a calculation window, which asks it by RateOn. Its table holds the doubled rates
+/// already.
 ///
 /// Every operation ends in the error report when something fails; what it set until then stays.
 class frmPocitejCNB {
@@ -26,11 +27,23 @@ class frmPocitejCNB {
   /// before it stay. Nothing is selected.
   void Form_Load();
 
+  /// The rate in force on the due date, which Text1 shows then; 0 where the day falls between two
+  /// rows. None where the search ended in the error report.
+  std::optional<Rate> RateOn(Date due_date);
+
   /// Finds the row in force on the day of Text1, selects it in all lists and puts its rate into
   /// EngineRate and txtVyseSazby. Days before the table get its first row, days after it its last.
   /// Where the day falls between two rows, EngineRate becomes 0 (in a table of two rows it keeps
   /// its value) and txtVyseSazby stays. Returns false where it ended in the error report.
   bool StanoveniPrvniSazby();
+
+  // The table, a list each: valid from, valid to, discount rate, rate of interest.
+  std::array<SelectableList, 4> lstCnb;
+
+  std::string Text1;         ///< the due date, in the forms of the user's locale
+  std::string txtVyseSazby;  ///< the rate last found or used
+
+  // The day-by-day command, which nothing in the program gives (docs/decisions/day-by-day.md).
 
   /// Sums the interest on txtDluznaCastka for each day after Text1 up to and including Text2, each
   /// at the rate of its own day; the year has 365 days. Fills lblPocetDnu, lblPenale and
@@ -40,19 +53,10 @@ class frmPocitejCNB {
   /// Forgets the rate and computes from the start: what tmrStart runs.
   void tmrStart_Timer();
 
-  // The table, a list each: valid from, valid to, discount rate, rate of interest.
-  std::array<SelectableList, 4> lstCnb;
-
-  // Inputs, in the forms of the user's locale.
-  std::string Text1;  ///< due date
   std::string Text2;  ///< payment date
   std::string txtDluznaCastka;
-
-  // Outputs.
-  std::string txtVyseSazby;  ///< the rate last found or used
   std::string lblPocetDnu = "Zde se zobrazí počet dnů trvání dluhu";
   std::string lblPenale = "Zde se zobrazí penále za zadané období";
-
   ui::Timer tmrStart;
 
  private:
@@ -61,6 +65,7 @@ class frmPocitejCNB {
     return program_.errors.Trap(procedure, "frmPocitejCNB.frm", std::forward<Body>(body));
   }
   const CnbRow& Row(int row) const;
+  void Find(Date day);
   void SelectInAll(int row);
   bool SelectRowInForce(Date day);
   void UseSelectedRate();

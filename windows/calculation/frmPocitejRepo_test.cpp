@@ -54,16 +54,14 @@ class PocitejRepoTest : public testing::Test {
     engine->Form_Load();
   }
 
-  /// A single calculation up to the split.
-  void Start(Date due, Date paid, double amount = 10000) {
-    program.state.SingleIsCurrent = true;
-    program.state.BaseAmount = Money::FromDouble(amount);
+  /// A calculation up to the split.
+  std::optional<Refusal> Start(Date due, Date paid, double amount = 10000) {
     engine->dtpSplatnost = due;
     engine->dtpZaplaceni = paid;
-    engine->PrvniSazba();
+    return engine->PrvniSazba(Money::FromDouble(amount));
   }
 
-  /// A single calculation to its end.
+  /// A calculation to its end.
   void Calculate(Date due, Date paid, double amount = 10000) {
     Start(due, paid, amount);
     memory.event_loop.RunUntilIdle();
@@ -162,8 +160,6 @@ TEST_P(SplitTest, GivesEachHalfYearItsRow) {
   EXPECT_EQ(engine->lstUrok, split.rate);
   EXPECT_EQ(engine->lstPocetDnu, split.days);
   EXPECT_EQ(engine->lblPocetDnuProdleni, split.total);
-  EXPECT_EQ(program.state.DueDate, split.due);
-  EXPECT_EQ(program.state.PaymentDate, split.paid);
   EXPECT_TRUE(engine->Timer1.armed());
   EXPECT_THAT(engine->lstPenale, IsEmpty());
   EXPECT_TRUE(engine->rate_found());
@@ -269,15 +265,12 @@ TEST_F(PocitejRepoTest, ASecondCallBuildsAllRowsAnew) {
 TEST_F(PocitejRepoTest, AYearWithoutRowsGetsAMessageAndChangesNothing) {
   Load(kThreeYears);
   Calculate(Day(2006, 3, 15), Day(2006, 5, 20));
-  program.state.InterestAmount = 5;
-  Start(Day(2009, 3, 15), Day(2009, 5, 20));
+  EXPECT_EQ(Start(Day(2009, 3, 15), Day(2009, 5, 20)), Refusal::kNoRate);
   EXPECT_THAT(memory.message_box.shown, ElementsAre(kNoRate));
   EXPECT_FALSE(engine->rate_found());
   EXPECT_FALSE(engine->Timer1.armed());
   EXPECT_THAT(engine->lstOd, ElementsAre("15.3.2006"));
   EXPECT_THAT(engine->lstPenale, SizeIs(1));
-  EXPECT_EQ(program.state.DueDate, Day(2006, 3, 15));
-  EXPECT_EQ(program.state.InterestAmount, 5);
 
   Start(Day(2005, 12, 31), Day(2006, 5, 20));  // the year before the table
   EXPECT_THAT(memory.message_box.shown, ElementsAre(kNoRate, kNoRate));
@@ -285,10 +278,8 @@ TEST_F(PocitejRepoTest, AYearWithoutRowsGetsAMessageAndChangesNothing) {
 
 TEST_F(PocitejRepoTest, APaymentAfterTheTableGetsAMessageAndNoInterest) {
   Load(kThreeYears);
-  program.state.InterestAmount = 5;
-  Start(Day(2008, 12, 1), Day(2009, 1, 1));
+  EXPECT_EQ(Start(Day(2008, 12, 1), Day(2009, 1, 1)), Refusal::kBeyondTable);
   EXPECT_THAT(memory.message_box.shown, ElementsAre(kTableTooShort));
-  EXPECT_EQ(program.state.InterestAmount, 0);
   EXPECT_FALSE(engine->Timer1.armed());
   memory.event_loop.RunUntilIdle();
   EXPECT_EQ(completions, 0);
@@ -387,37 +378,9 @@ TEST_F(PocitejRepoTest, TheTotalInterestIsThatOfTheWholeDelayWhereTheRateStays) 
   EXPECT_EQ(sum, 6561);
 }
 
-TEST_F(PocitejRepoTest, AProgressivePaymentBearsItsOwnInterest) {
-  Load(kThreeYears);
-  program.state.BaseAmount = Money::FromDouble(99999);
-  program.state.SingleIsCurrent = false;
-  engine->txtPostupnaUhrada = "3 650,00";
-  engine->dtpSplatnost = Day(2006, 3, 15);
-  engine->dtpZaplaceni = Day(2006, 3, 25);
-  engine->PrvniSazba();
-  memory.event_loop.RunUntilIdle();
-  EXPECT_THAT(engine->lstPenale, ElementsAre("9,0000"));  // 10 × 3650 × 9 / 36500
-  EXPECT_EQ(completions, 1);
-}
-
-TEST_F(PocitejRepoTest, APaymentThatIsNoNumberIsShownWithoutAProcedureAndEndsTheCalculation) {
-  Load(kThreeYears);
-  program.state.SingleIsCurrent = false;
-  engine->txtPostupnaUhrada = "abc";
-  engine->dtpSplatnost = Day(2006, 3, 15);
-  engine->dtpZaplaceni = Day(2006, 3, 25);
-  engine->PrvniSazba();
-  memory.event_loop.RunUntilIdle();
-  EXPECT_THAT(memory.message_box.shown,
-              ElementsAre(ui::MemoryMessageBox::Shown{ui::Icon::kCritical, "Velta",
-                                                      "Chyba 13 (Nesouhlas typů)"}));
-  EXPECT_EQ(completions, 0);
-  EXPECT_FALSE(engine->Timer1.armed());
-}
-
 TEST_F(PocitejRepoTest, TheInterestRunsOnTheAmountThatStoodWhenTheSplitBegan) {
   Load(kThreeYears);
-  Start(Day(2006, 3, 15), Day(2006, 5, 20), 10000);
+  EXPECT_EQ(Start(Day(2006, 3, 15), Day(2006, 5, 20), 10000), std::nullopt);
   program.state.BaseAmount = Money::FromDouble(1);
   memory.event_loop.RunUntilIdle();
   EXPECT_THAT(engine->lstPenale, ElementsAre("162,7397"));

@@ -46,7 +46,7 @@ const char* Owner(std::size_t field) {
 
 }  // namespace
 
-frmFaktura::frmFaktura(Program& program, const Settings& settings, CalculationWindows& calculations)
+frmFaktura::frmFaktura(Program& program, const Settings& settings, Calculations& calculations)
     : Form(program, "frmFaktura"), settings_(settings), calculations_(calculations) {
   txtTextFaktury.SetReadOnly();  // what is shown is what is printed
   for (std::size_t i = 0; i < txtFaktura.size(); ++i) {
@@ -90,16 +90,12 @@ void frmFaktura::OnLoad() {
 
 void frmFaktura::OnUnload() {
   calculations_.on_new_record = {};
-  CalculationState& state = program_.state;
-  if (state.LastCalculationKind) {
-    program_.windows.Unload(*state.LastCalculationKind == CalculationKind::kSingle ? "frmJednotlivy"
-                                                                                   : "frmPostupny");
-  }
-  state.CalculationFinished = false;
+  if (const auto last = calculations_.last()) program_.windows.Unload(WindowName(*last));
+  calculations_.SetFinished(false);
 }
 
 std::optional<FinishedCalculation> frmFaktura::Finished() const {
-  const CalculationWindow* const window = calculations_.Finished(program_.state);
+  const CalculationWindow* const window = calculations_.Finished();
   return window == nullptr ? std::nullopt : window->finished();
 }
 
@@ -122,8 +118,9 @@ void frmFaktura::TakeOver() {
 }
 
 void frmFaktura::TakeOverFinished() {
-  if (!Finished()) return;
-  if (program_.state.SingleIsCurrent) {
+  const std::optional<FinishedCalculation> calculation = Finished();
+  if (!calculation) return;
+  if (std::holds_alternative<const SingleResult*>(*calculation)) {
     NacteniJednotlivehoVypoctu();
   } else {
     NacteniPostupnehoVypoctu();

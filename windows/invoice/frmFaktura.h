@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "app/form.h"
-#include "windows/calculation/calculation_window.h"
+#include "windows/calculation/calculations.h"
 #include "windows/invoice/invoice_page.h"
 #include "windows/settings/settings.h"
 
@@ -15,7 +15,7 @@ namespace velta {
 /// calculation from which it was made.
 class frmFaktura final : public Form {
  public:
-  frmFaktura(Program& program, const Settings& settings, CalculationWindows& calculations);
+  frmFaktura(Program& program, const Settings& settings, Calculations& calculations);
 
   /// Take over the result of a single, respectively a progressive calculation into the item line;
   /// where there is none they tell the user so.
@@ -54,7 +54,7 @@ class frmFaktura final : public Form {
   Date DueDate() const;
 
   const Settings& settings_;
-  CalculationWindows& calculations_;
+  Calculations& calculations_;
 };
 
 }  // namespace velta

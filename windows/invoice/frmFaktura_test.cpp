@@ -32,7 +32,7 @@ constexpr const char* kNothingToPrint = "Není dosud proveden výpočet, nelze t
 constexpr const char* kNothingToInvoice = "Není dosud proveden výpočet, nelze vystavit fakturu";
 
 /// Stands for a progressive calculation, of which the invoice knows the record alone.
-class ProgressiveCalculation final : public CalculationWindow {
+class ProgressiveWindow final : public CalculationWindow {
  public:
   void Settle() override {}
   void PrintLater() override {}
@@ -91,12 +91,10 @@ class frmFakturaTest : public ProgramTest {
                                      {},
                                      Money::FromUnits(1'232'900)}};
     progressive_.result.total = Money::FromUnits(1'232'900);
-    RegisterOther("frmPostupny", [this] { calculations_.progressive = nullptr; });
+    RegisterOther("frmPostupny", [this] { calculations_.Leave(CalculationKind::kProgressive); });
     windows().Open("frmPostupny");
-    calculations_.progressive = &progressive_;
-    state().SingleIsCurrent = false;
-    state().CalculationFinished = true;
-    state().LastCalculationKind = CalculationKind::kProgressive;
+    calculations_.Enter(progressive_, CalculationKind::kProgressive);
+    calculations_.SetFinished(true);
   }
 
   frmFaktura& Open() {
@@ -130,8 +128,8 @@ class frmFakturaTest : public ProgramTest {
     return memory_.printer.printed.empty() ? std::vector<std::string>() : PrintedLines();
   }
 
-  CalculationWindows calculations_;
-  ProgressiveCalculation progressive_;
+  Calculations calculations_{program_.state};
+  ProgressiveWindow progressive_;
   frmFaktura* form_ = nullptr;
 };
 

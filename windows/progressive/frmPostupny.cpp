@@ -30,10 +30,8 @@ std::vector<std::string> InterestRows(const Payment& payment, const LocaleFormat
 
 }  // namespace
 
-frmPostupny::frmPostupny(Program& program, const Settings& settings,
-                         CalculationWindows& calculations)
-    : CalculationForm(program, "frmPostupny", CalculationKind::kProgressive, settings,
-                      calculations) {
+frmPostupny::frmPostupny(Program& program, const Settings& settings, Calculations& calculations)
+    : CalculationForm(program, CalculationKind::kProgressive, settings, calculations) {
   ReadFirst({&txtData[kTotal], &dtpSplatnost, &cboDruhSazby, &txtData[kRate], &dtpZaplaceni,
              &txtData[kPayment], &cmdPridat, &List1, &List2, &List3, &List4, &List5, &txtPostup});
   cboDruhSazby.SetEditable();
@@ -69,7 +67,7 @@ void frmPostupny::WireHints() {
 
 void frmPostupny::OnLoad() {
   BecomeCurrent();
-  program_.state.ReportText.clear();
+  ShowReport("");
   SetCommandCaptions();
   SetCaption("Postupný výpočet");
   fraFaktura.SetCaption("Údaje faktury");
@@ -88,13 +86,11 @@ void frmPostupny::OnLoad() {
 void frmPostupny::OnUnload() {
   CalculationForm::OnUnload();
   ClearTotals();
-  program_.state.SingleFormOpen = false;
-  program_.state.ProgressiveFormOpen = false;
 }
 
 std::optional<FinishedCalculation> frmPostupny::finished() const {
-  if (!program_.state.CalculationFinished) return std::nullopt;
-  return &result_;
+  if (!calculations_.has_finished() || !calculation_) return std::nullopt;
+  return &calculation_->result();
 }
 
 bool frmPostupny::Refuse(std::string_view message, ui::TextBox& box) {
@@ -105,7 +101,7 @@ bool frmPostupny::Refuse(std::string_view message, ui::TextBox& box) {
 
 void frmPostupny::cmdPridat_Click() {
   if (RepoPending()) return;  // one press, one record
-  if (program_.state.CalculationFinished) {
+  if (calculations_.has_finished()) {
     Message(ui::Icon::kCritical,
             "Výpočet již byl dokončen, chcete - li počítat další,\r\n"
             "stiskněte tlačítko nový výpočet");
@@ -113,7 +109,7 @@ void frmPostupny::cmdPridat_Click() {
   }
   if (!ReadInputs()) return;
   LockInvoice();
-  program_.state.DebtBeforeLastPayment = DebtAmount;
+  program_.state.DebtBeforeLastPayment = balance_;
   UdelejVypocet();
 }
 
@@ -123,11 +119,11 @@ bool frmPostupny::ReadInputs() {
   if (txtData[kTotal].text().empty()) {
     return Refuse("Nezadali jste částku dluhu!", txtData[kTotal]);
   }
-  DebtAmount = ToMoney(txtData[kTotal].text(), locale);
+  balance_ = calculation_ ? calculation_->balance() : ToMoney(txtData[kTotal].text(), locale);
   if (txtData[kPayment].text().empty()) {
     return Refuse("Nezadali jste částečnou úhradu!", txtData[kPayment]);
   }
-  PaymentAmount = ToMoney(txtData[kPayment].text(), locale);
+  payment_ = ToMoney(txtData[kPayment].text(), locale);
   if (txtData[kRate].text().empty() && !IsBankKind(Kind())) {
     return Refuse("Nezadali jste sazbu pro výpočet", txtData[kRate]);
   }
@@ -144,92 +140,60 @@ void frmPostupny::LockInvoice() {
 
 void frmPostupny::UdelejVypocet() {
   Guarded("UdelejVypocet", [this] {
-    CalculationState& state = program_.state;
     if (!TakeDelay() || !TakeAmountAndRate(txtData[kTotal], txtData[kRate])) return;
     const RateKind kind = Kind();
     if (kind == RateKind::kRepo) {
-      bank_rates_.StartRepo(dtpSplatnost.day(), dtpZaplaceni.day(), PaymentAmount);
+      StartRepo(payment_);
       return;
     }
     if (kind == RateKind::kDiscount && !TakeDiscountRate(txtData[kRate])) return;
-    // A kind that nobody knows computes nothing: the interest of the payment before stands.
-    if (kind != RateKind::kUnknown) {
-      state.InterestAmount =
-          Interest(kind, PaymentAmount.ToDouble(), state.RateValue, state.DaysLate);
-    }
     FinishPayment({});
   });
 }
 
-void frmPostupny::tmrRepo_Timer() {
-  const std::vector<InterestPeriod>& periods = bank_rates_.repo().periods();
-  program_.state.InterestAmount = 0;
-  for (const InterestPeriod& period : periods) program_.state.InterestAmount += period.interest;
-  FinishPayment(periods);
-}
+void frmPostupny::tmrRepo_Timer() { FinishPayment(bank_rates_.repo().periods()); }
 
 void frmPostupny::FinishPayment(std::vector<InterestPeriod> periods) {
-  CalculationState& state = program_.state;
-
-  state.InterestAmount = RoundInterest(state.InterestAmount);
-  state.AmountWithInterest = state.BaseAmount + Money::FromDouble(state.InterestAmount);
-  RemainingBalance = DebtAmount - PaymentAmount;
-  if (PaymentAmount > DebtAmount) {
-    Message(ui::Icon::kCritical, "Nesprávně zadaná hodnota částečné platby !");
+  const CalculationState& state = program_.state;
+  if (!calculation_) {
+    calculation_.emplace(ProgressiveCalculation::Debt{.due_date = state.DueDate.value(),
+                                                      .amount = balance_,
+                                                      .kind = RateKindOf(state.RateKindText),
+                                                      .kind_text = state.RateKindText,
+                                                      .rate = state.RateValue});
+  }
+  Payment payment = calculation_->Compute(state.PaymentDate.value(), payment_, settings_.rounding(),
+                                          std::move(periods));
+  ShareInterest(payment.interest, state.BaseAmount);
+  const auto added = calculation_->Add(std::move(payment));
+  if (const auto* const refusal = std::get_if<Refusal>(&added)) {
+    Message(ui::Icon::kCritical, Text(*refusal));
     txtData[kPayment].SetText("");
     txtData[kPayment].SetFocus();
     return;
   }
-
-  Payment payment;
-  payment.date = state.PaymentDate.value();
-  payment.days = state.DaysLate;
-  payment.amount = PaymentAmount;
-  payment.balance = RemainingBalance;
-  payment.interest = state.InterestAmount;
-  payment.periods = std::move(periods);
-  RecordPayment(std::move(payment));
+  ShowPayment(std::get<Payment>(added));
 }
 
-double frmPostupny::RoundInterest(double interest) const {
-  // Without rounding a row has two decimals here, unlike a single calculation's interest.
-  if (settings_.RoundingMode() == kNoRounding) {
-    const LocaleFormat& locale = program_.platform.locale;
-    return ToDouble(FixedText(interest, 2, locale), locale);
-  }
-  return settings_.ApplyRounding(interest);
-}
-
-void frmPostupny::RecordPayment(Payment payment) {
-  CalculationState& state = program_.state;
+void frmPostupny::ShowPayment(const Payment& payment) {
   const LocaleFormat& locale = program_.platform.locale;
-
-  // The total counts the rows as they are listed. It comes first, for it may overflow.
-  const std::vector<std::string> rows = InterestRows(payment, locale);
-  for (const std::string& row : rows) payment.interest_sum += ToMoney(row, locale);
-  result_.total += payment.interest_sum;
-
-  result_.due_date = state.DueDate.value();
-  result_.kind = RateKindOf(state.RateKindText);
-  result_.kind_text = state.RateKindText;
-  result_.rate = state.RateValue;
+  const ProgressiveResult& result = calculation_->result();
   List1.AddItem(PlainText(payment.amount, locale));
   List2.AddItem(ShortDateText(payment.date, locale));
   List3.AddItem(PlainText(payment.balance, locale));
   txtData[kTotal].SetText(PlainText(payment.balance, locale));
-  AppendReport(PaymentReport(result_, payment, locale));
-  if (payment.balance == Money()) {
-    state.CalculationFinished = true;
+  AppendReport(PaymentReport(result, payment, locale));
+  if (calculation_->finished()) {
+    calculations_.SetFinished(true);
     cmdTiskVyp.SetFocus();
     cmdPridat.SetEnabled(false);
   } else {
     dtpZaplaceni.SetFocus();  // the next payment begins with its day
   }
-  for (const std::string& row : rows) List4.AddItem(row);
+  for (const std::string& row : InterestRows(payment, locale)) List4.AddItem(row);
   ShowTotal(payment.interest);
-  result_.payments.push_back(std::move(payment));
-  if (!state.CalculationFinished) return;
-  AppendReport(ClosingReport(result_, locale));
+  if (!calculation_->finished()) return;
+  AppendReport(ClosingReport(result, locale));
   TellOfRecord();
 }
 
@@ -237,15 +201,13 @@ void frmPostupny::ShowTotal(double latest_interest) {
   CalculationState& state = program_.state;
   const LocaleFormat& locale = program_.platform.locale;
   state.InterestTotal = Money();
-  if (List4.items().size() > 1) {
-    // The sum of the rows, which is not rounded once more.
+  if (calculation_->interest_count() > 1) {
     List5.Clear();
-    List5.AddItem(CurrencyText(result_.total, locale));
-    state.InterestTotal = result_.total;
-  } else if (state.CalculationFinished) {
-    // One row is its own total; in the repo regime the row is exact and the total rounded.
+    List5.AddItem(CurrencyText(calculation_->total(), locale));
+    state.InterestTotal = calculation_->total();
+  } else if (calculation_->finished()) {
     List5.AddItem(PlainText(latest_interest, locale));
-    state.InterestTotal = result_.total = Money::FromDouble(latest_interest);
+    state.InterestTotal = calculation_->total();
   }
 }
 
@@ -270,19 +232,12 @@ int frmPostupny::PaymentOfInterest(int row) const {
 }
 
 int frmPostupny::RowsOfInterest(int payment) const {
-  const auto& periods = result_.payments.at(static_cast<std::size_t>(payment)).periods;
+  const auto& periods =
+      calculation_->result().payments.at(static_cast<std::size_t>(payment)).periods;
   return std::max(1, static_cast<int>(periods.size()));
 }
 
-void frmPostupny::StartReport() {
-  program_.state.ReportText = ReportHeading();
-  txtPostup.SetText(program_.state.ReportText);
-}
-
-void frmPostupny::AppendReport(const std::string& text) {
-  program_.state.ReportText += text;
-  txtPostup.Append(text);
-}
+void frmPostupny::StartReport() { ShowReport(ReportHeading()); }
 
 void frmPostupny::ClearTotals() {
   program_.state.EngineRate = 0;
@@ -292,9 +247,9 @@ void frmPostupny::ClearTotals() {
 
 void frmPostupny::cmdNovy_Click() {
   CancelRepo();
-  program_.state.CalculationFinished = false;
-  result_ = {};
-  DebtAmount = PaymentAmount = RemainingBalance = Money();
+  calculations_.SetFinished(false);
+  calculation_.reset();
+  balance_ = payment_ = Money();
   ClearResults();
   ClearTotals();
   for (ui::TextBox& box : txtData) box.SetText("");
@@ -313,9 +268,10 @@ void frmPostupny::cmdNovy_Click() {
 
 void frmPostupny::Print() {
   const bool printed = PrintWithDialog(
-      program_, ProgressivePrintout(result_, txtPostup.text(), program_.platform.locale));
+      program_,
+      ProgressivePrintout(calculation_->result(), txtPostup.text(), program_.platform.locale));
   if (!printed) throw Error(ErrorNumber::kPrintCancelled);
-  if (result_.kind == RateKind::kRepo) return;
+  if (calculation_->result().kind == RateKind::kRepo) return;
   // The rows are selected as they are printed, and the last ones stay so.
   for (ui::ListBox* list : {&List1, &List2, &List3, &List4}) {
     list->SetIndex(static_cast<int>(list->items().size()) - 1);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "calc/progressive_calculation.h"
 #include "windows/calculation/calculation_form.h"
 
 namespace velta {
@@ -17,7 +18,7 @@ namespace velta {
 /// grow.
 class frmPostupny final : public CalculationForm {
  public:
-  frmPostupny(Program& program, const Settings& settings, CalculationWindows& calculations);
+  frmPostupny(Program& program, const Settings& settings, Calculations& calculations);
 
   const std::string& ReportBoxText() const override { return txtPostup.text(); }
   std::optional<FinishedCalculation> finished() const override;
@@ -59,10 +60,9 @@ class frmPostupny final : public CalculationForm {
   /// Tells what is wrong with a box, and returns false.
   bool Refuse(std::string_view message, ui::TextBox& box);
 
-  /// Rounds the interest of the payment and records it, unless it is more than the balance.
+  /// Computes the payment and records it, unless it is more than the balance.
   void FinishPayment(std::vector<InterestPeriod> periods);
-  double RoundInterest(double interest) const;
-  void RecordPayment(Payment payment);
+  void ShowPayment(const Payment& payment);
   void ShowTotal(double latest_interest);
   /// Chooses a payment's row in every list, in that of interest its first one; -1 chooses none.
   void MarkPayment(int payment);
@@ -70,16 +70,16 @@ class frmPostupny final : public CalculationForm {
   int PaymentOfInterest(int row) const;
   int RowsOfInterest(int payment) const;
   void StartReport();
-  void AppendReport(const std::string& text);
+  ui::TextBox& ReportBox() override { return txtPostup; }
   /// Sets the shared values that only this window has to 0.
   void ClearTotals();
 
   // The payment being added.
-  Money DebtAmount;  ///< the balance before it
-  Money PaymentAmount;
-  Money RemainingBalance;  ///< the balance after it
+  Money balance_;  // before it
+  Money payment_;
 
-  ProgressiveResult result_;
+  /// Begins with the first payment that can be computed.
+  std::optional<ProgressiveCalculation> calculation_;
 };
 
 }  // namespace velta

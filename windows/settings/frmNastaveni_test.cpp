@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
+#include "engine/bank_tables.h"
 #include "tests/support/english_locale.h"
 #include "tests/support/program_test.h"
 #include "tests/support/rate_folder.h"
-#include "windows/calculation/frmPocitejCNB.h"
 
 namespace velta {
 namespace {
@@ -420,9 +420,8 @@ TEST_F(frmNastaveniTest, DiscountTableIsShownInFourColumnsAsItStandsInTheFile) {
   EXPECT_THAT(window.lstCnb[3].items(), ElementsAre(" 8,00", " 11"));
   EXPECT_THAT(ChosenRows(window), ElementsAre(1, 1, 1, 1));
 
-  frmPocitejCNB engine(program_);
-  engine.Form_Load();
-  EXPECT_EQ(engine.lstCnb[3][0], "8,00") << "the engine reads a column further on";
+  const auto rows = ReadBankTables(folder_.path(), Day(2026, 11, 21), memory_.locale).discount;
+  EXPECT_EQ(rows[0].interest_rate, "8,00") << "calculations read a column further on";
 }
 
 TEST_F(frmNastaveniTest, ShortLinesOfTheDiscountTableHaveEmptyFields) {

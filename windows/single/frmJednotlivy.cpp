@@ -4,6 +4,7 @@
 
 #include "app/modPromenne.h"
 #include "app/printing.h"
+#include "calc/single_calculation.h"
 #include "calc/single_report.h"
 #include "windows/single/single_printout.h"
 
@@ -20,9 +21,8 @@ constexpr std::string_view kMaxAmountHellers = "58";
 
 }  // namespace
 
-frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings,
-                             CalculationWindows& calculations)
-    : CalculationForm(program, "frmJednotlivy", CalculationKind::kSingle, settings, calculations) {
+frmJednotlivy::frmJednotlivy(Program& program, const Settings& settings, Calculations& calculations)
+    : CalculationForm(program, CalculationKind::kSingle, settings, calculations) {
   ReadFirst(
       {&dtpSplatnost, &dtpZaplaceni, &txtDluznaCastka, &cboDruhSazby, &txtVyseSazby, &txtReport});
   txtReport.SetReadOnly();
@@ -124,27 +124,24 @@ bool frmJednotlivy::VypocitejJednotlivy() {
     }
 
     CancelRepo();
-    const RateKind kind = Kind();
-    SingleResult inputs;
-    inputs.due_date = dtpSplatnost.day();
-    inputs.payment_date = dtpZaplaceni.day();
-    inputs.days = state.DaysLate;
-    inputs.base_amount = state.BaseAmount;
-    inputs.kind = kind;
-    if (kind == RateKind::kRepo) {
-      if (!bank_rates_.StartRepo(inputs.due_date, inputs.payment_date)) return;
+    SingleResult result = Begin({.due_date = dtpSplatnost.day(),
+                                 .payment_date = dtpZaplaceni.day(),
+                                 .amount = state.BaseAmount,
+                                 .kind = Kind()});
+    if (result.kind == RateKind::kRepo) {
+      if (!StartRepo(result.base_amount)) return;
       // Until tmrRepo runs, on the next turn of the loop, the labels show the previous interest.
-      pending_ = std::move(inputs);
-      ShowInterest(state.InterestAmount, state.BaseAmount);
+      pending_ = std::move(result);
+      ShowInterest(settings_.ApplyRounding(state.InterestAmount), state.BaseAmount);
       refused = false;
       return;
     }
     // A new rate in the box computes once within.
-    if (kind == RateKind::kDiscount && !TakeDiscountRate(txtVyseSazby)) return;
-    inputs.rate = state.RateValue;
-    ShowInterest(Interest(kind, state.BaseAmount.ToDouble(), inputs.rate, inputs.days),
-                 inputs.base_amount);
-    Finish(std::move(inputs));
+    if (result.kind == RateKind::kDiscount && !TakeDiscountRate(txtVyseSazby)) return;
+    result.rate = state.RateValue;
+    const double interest =
+        Interest(result.kind, state.BaseAmount.ToDouble(), result.rate, result.days);
+    Finish(std::move(result), settings_.ApplyRounding(interest));
     refused = false;
   });
   return !refused;
@@ -155,29 +152,21 @@ void frmJednotlivy::tmrRepo_Timer() {
   ShowRecord();
   SingleResult result = std::move(pending_);
   result.periods = bank_rates_.repo().periods();
-  // The total is rounded after every period and once more at the end. With periods of 132,7397,
-  // 441,0959 and 320,5479 Kč rounding up to 10 haléř gives 894,50 Kč and not 894,40 Kč.
-  double interest = 0;
-  for (const InterestPeriod& period : result.periods) {
-    interest = settings_.ApplyRounding(interest + period.interest);
-  }
-  ShowInterest(interest, result.base_amount);
-  Finish(std::move(result));
+  const double interest = InterestOf(result.periods, settings_.rounding());
+  Finish(std::move(result), interest);
 }
 
-void frmJednotlivy::ShowInterest(double interest, Money base_amount) {
-  CalculationState& state = program_.state;
+void frmJednotlivy::ShowInterest(double interest, Money amount) {
   const LocaleFormat& locale = program_.platform.locale;
-  state.InterestAmount = settings_.ApplyRounding(interest);
-  state.AmountWithInterest = Money::FromDouble(state.InterestAmount) + base_amount;
-  lblPenale.SetCaption(CurrencyText(state.InterestAmount, locale));
-  lblPenaleDluh.SetCaption(CurrencyText(state.AmountWithInterest, locale));
-  state.CalculationFinished = true;
+  ShareInterest(interest, amount);
+  lblPenale.SetCaption(CurrencyText(interest, locale));
+  lblPenaleDluh.SetCaption(CurrencyText(program_.state.AmountWithInterest, locale));
+  calculations_.SetFinished(true);
 }
 
-void frmJednotlivy::Finish(SingleResult result) {
-  result.interest = program_.state.InterestAmount;
-  result.amount_with_interest = program_.state.AmountWithInterest;
+void frmJednotlivy::Finish(SingleResult result, double interest) {
+  ShowInterest(interest, result.base_amount);
+  Complete(result, interest);
   ShowReport(SingleReport(result, program_.platform.locale));
   result_ = std::move(result);
   TellOfRecord();
@@ -189,12 +178,7 @@ void frmJednotlivy::ShowRecord() {
   const bool shown = result_ && result_->days > 0;
   lblPenale.SetCaption(shown ? CurrencyText(result_->interest, locale) : "");
   lblPenaleDluh.SetCaption(shown ? CurrencyText(result_->amount_with_interest, locale) : "");
-  program_.state.CalculationFinished = result_.has_value();
-}
-
-void frmJednotlivy::ShowReport(std::string text) {
-  txtReport.SetText(text);
-  program_.state.ReportText = std::move(text);
+  calculations_.SetFinished(result_.has_value());
 }
 
 void frmJednotlivy::cmdNovy_Click() {
@@ -207,12 +191,10 @@ void frmJednotlivy::cmdNovy_Click() {
   lblPenale.SetCaption("");
   lblPenaleDluh.SetCaption("");
   dtpZaplaceni.SetDay(Today());
-  if (program_.state.CalculationFinished) {
+  if (calculations_.has_finished()) {
     // It still counts as finished, but the case before must not be printed or invoiced any more.
-    result_ = SingleResult{};
-    result_->due_date = dtpSplatnost.day();
-    result_->payment_date = dtpZaplaceni.day();
-    result_->kind = Kind();
+    result_ = Begin({dtpSplatnost.day(), dtpZaplaceni.day(), Money(), Kind()});
+    result_->days = 0;
     TellOfRecord();
   }
   FocusFirst();

@@ -12,7 +12,7 @@ namespace velta {
 /// it was paid. Every change of an input computes anew; there is no button for it.
 class frmJednotlivy final : public CalculationForm {
  public:
-  frmJednotlivy(Program& program, const Settings& settings, CalculationWindows& calculations);
+  frmJednotlivy(Program& program, const Settings& settings, Calculations& calculations);
 
   const std::string& ReportBoxText() const override { return txtReport.text(); }
   std::optional<FinishedCalculation> finished() const override {
@@ -48,13 +48,14 @@ class frmJednotlivy final : public CalculationForm {
   void Print() override;
   void tmrRepo_Timer() override;
 
-  /// Rounds the interest, adds the amount and shows both.
-  void ShowInterest(double interest, Money base_amount);
-  /// Completes the record of a calculation whose interest is shown, and reports it.
-  void Finish(SingleResult result);
+  ui::TextBox& ReportBox() override { return txtReport; }
+
+  /// Shows an interest that has been rounded, and its sum with the amount.
+  void ShowInterest(double interest, Money amount);
+  /// Shows the interest of a calculation, completes its record and reports it.
+  void Finish(SingleResult result, double interest);
   /// Shows the interest of the record again, in place of figures that are not yet final.
   void ShowRecord();
-  void ShowReport(std::string text);
 
   std::optional<SingleResult> result_;
   SingleResult pending_;  // the inputs of the repo computation under way

@@ -53,7 +53,7 @@ class frmJednotlivyTest : public ProgramTest {
     Shown();
   }
 
-  CalculationWindows calculations_;
+  Calculations calculations_{program_.state};
   frmJednotlivy* form_ = nullptr;
 };
 
@@ -114,7 +114,7 @@ TEST_F(frmJednotlivyTest, LoadSetsTheSharedFlags) {
   EXPECT_TRUE(state().SingleIsCurrent);
   EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
   EXPECT_EQ(state().ReportText, "");
-  EXPECT_EQ(calculations_.Current(state()), form_);
+  EXPECT_EQ(calculations_.current(), form_);
 }
 
 TEST_F(frmJednotlivyTest, LoadClosesAnOpenProgressiveWindowFirst) {
@@ -1102,7 +1102,7 @@ TEST_F(frmJednotlivyTest, CloseButtonUnloadsAndClearsTheSharedValues) {
   EXPECT_FALSE(state().CalculationFinished);
   EXPECT_TRUE(state().SingleFormOpen) << "left as it is";
   EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
-  EXPECT_EQ(calculations_.single, nullptr);
+  EXPECT_EQ(calculations_.current(), nullptr);
   memory_.event_loop.RunUntilIdle();
   EXPECT_THAT(Shown(), ElementsAre());
 }
