@@ -46,57 +46,21 @@ bool Runner::Play(const Script& script) {
   return all_held_;
 }
 
-void Runner::Do(const Command& command) {
-  switch (command.verb) {
-    case Verb::kLocale:
-    case Verb::kToday:
-    case Verb::kUser:
-    case Verb::kData:
-    case Verb::kStore:
-    case Verb::kPrintDialog:
-    case Verb::kFail:
-    case Verb::kMend:
-      ChangeWorld(command);
-      break;
-    case Verb::kStart:
-      Start();
-      break;
-    case Verb::kWaitManual:
-      waits_ = false;
-      break;
-    case Verb::kWaitAuto:
-      waits_ = true;
-      [[fallthrough]];
-    case Verb::kWait:
-      driver_.Settle();
-      break;
-    case Verb::kMenu:
-    case Verb::kClick:
-    case Verb::kType:
-    case Verb::kSet:
-    case Verb::kDate:
-    case Verb::kPick:
-    case Verb::kFocus:
-    case Verb::kHover:
-    case Verb::kClose:
-      if (!Act(command)) transcript_ << "ignored " << command.source << '\n';
-      if (waits_) driver_.Settle();
-      break;
-    case Verb::kGet:
-    case Verb::kState:
-    case Verb::kLoaded:
-    case Verb::kHint:
-    case Verb::kClipboard:
-    case Verb::kPrinted:
-    case Verb::kPaycode:
-    case Verb::kOpened:
-    case Verb::kStored:
-      Read(command);
-      break;
-  }
+template <class C, class Deed>
+void Runner::Act(const Command& command, const Deed& deed) {
+  ui::Control* const control = FindControl(command.place);
+  // The script has been checked: the cast fits the verb.
+  EndAct(command, control != nullptr && deed(dynamic_cast<C&>(*control)));
 }
 
-void Runner::ChangeWorld(const Command& command) {
+template <class Deed>
+void Runner::ActOnWindow(const Command& command, const Deed& deed) {
+  Form* const window = FindWindow(command.place);
+  if (window != nullptr) deed(*window);
+  EndAct(command, window != nullptr);
+}
+
+void Runner::Do(const Command& command) {
   switch (command.verb) {
     case Verb::kLocale:
       world_.next_locale = command.text == "en" ? EnglishLocale() : LocaleFormat();
@@ -110,21 +74,110 @@ void Runner::ChangeWorld(const Command& command) {
     case Verb::kData:
       world_.program_folder.path = (std::filesystem::path(folder_) / command.text).string();
       break;
-    case Verb::kStore: {
-      const bool failed = std::exchange(world_.settings_store.fails, false);
-      static_cast<void>(world_.settings_store.Write(world_.program_folder.executable_name, kSection,
-                                                    command.key, command.text));
-      world_.settings_store.fails = failed;
+    case Verb::kStore:
+      Store(command.key, command.text);
       break;
-    }
-    case Verb::kFail:
-    case Verb::kMend:
-      SetServiceFails(command.text, command.verb == Verb::kFail);
-      break;
-    default:
+    case Verb::kPrintDialog:
       world_.printer.answer = command.number > 0 ? std::optional(command.number) : std::nullopt;
       break;
+    case Verb::kFail:
+      SetServiceFails(command.text, true);
+      break;
+    case Verb::kMend:
+      SetServiceFails(command.text, false);
+      break;
+
+    case Verb::kStart:
+      Start();
+      break;
+    case Verb::kWaitManual:
+      waits_ = false;
+      break;
+    case Verb::kWaitAuto:
+      waits_ = true;
+      driver_.Settle();
+      break;
+    case Verb::kWait:
+      driver_.Settle();
+      break;
+    case Verb::kMenu:
+      Act<ui::MenuItem>(command, [&](auto& item) { return driver_.Choose(item); });
+      break;
+    case Verb::kClick:
+      Act<ui::Button>(command, [&](auto& button) { return driver_.Click(button); });
+      break;
+    case Verb::kType:
+      Act<ui::Control>(command, [&](auto& input) { return driver_.Type(input, command.text); });
+      break;
+    case Verb::kSet:
+      Act<ui::Control>(command, [&](auto& input) { return driver_.Paste(input, command.text); });
+      break;
+    case Verb::kDate:
+      Act<ui::DatePicker>(command, [&](auto& date) { return driver_.PickDay(date, command.day); });
+      break;
+    case Verb::kPick:
+      Act<ui::Control>(command, [&](auto& control) { return Pick(control, command.number); });
+      break;
+    case Verb::kFocus:
+      Act<ui::Control>(command, [&](auto& control) { return driver_.Focus(control); });
+      break;
+    case Verb::kHover:
+      if (command.place.control.empty()) {
+        ActOnWindow(command, [&](auto& window) { driver_.Hover(window); });
+      } else {
+        Act<ui::Control>(command, [&](auto& control) { return driver_.Hover(control); });
+      }
+      break;
+    case Verb::kClose:
+      ActOnWindow(command, [&](auto& window) { driver_.Close(window); });
+      break;
+
+    case Verb::kGet:
+      if (command.property.name == "items" && FindControl(command.property.place) != nullptr) {
+        WriteItems(command.property);
+      } else {
+        WriteValue(command, command.property.Text(), GetValue(command.property));
+      }
+      break;
+    case Verb::kState:
+      WriteValue(command, command.text, GetState(command.text));
+      break;
+    case Verb::kLoaded:
+      WriteValue(command, command.place.window + ".loaded",
+                 Value::Truth(FindWindow(command.place) != nullptr));
+      break;
+    case Verb::kHint:
+      WriteValue(command, "hint", GetValue({{"frmMenu", "lblMSG"}, "caption"}));
+      break;
+    case Verb::kClipboard:
+      WriteValue(command, "clipboard", Value::Text(driver_.ClipboardText()));
+      break;
+    case Verb::kPrinted:
+      for (const auto& printed : std::exchange(world_.printer.printed, {})) WritePrinted(printed);
+      break;
+    case Verb::kPaycode: {
+      const auto& code = world_.printer.last_code;
+      WriteValue(command, "paycode", code ? Value::Text(code->payload) : Value::Bare("none"));
+      break;
+    }
+    case Verb::kOpened:
+      for (const std::string& line : std::exchange(world_.other_programs.opened, {})) {
+        transcript_ << line << '\n';
+      }
+      break;
+    case Verb::kStored:
+      for (const ui::MemorySettingsStore::Value& entry : world_.settings_store.values) {
+        transcript_ << "  " << entry.key << '=' << Quote(entry.value) << '\n';
+      }
+      break;
   }
+}
+
+void Runner::Store(const std::string& key, const std::string& text) {
+  const bool failed = std::exchange(world_.settings_store.fails, false);
+  static_cast<void>(
+      world_.settings_store.Write(world_.program_folder.executable_name, kSection, key, text));
+  world_.settings_store.fails = failed;
 }
 
 void Runner::SetServiceFails(const std::string& service, bool fails) {
@@ -155,85 +208,14 @@ ui::Control* Runner::FindControl(const Place& place) const {
   return window == nullptr ? nullptr : window->Find(place.control);
 }
 
-bool Runner::Act(const Command& command) {
-  if (command.place.control.empty()) {
-    Form* const window = FindWindow(command.place);
-    if (window == nullptr) return false;
-    if (command.verb == Verb::kHover) {
-      driver_.Hover(*window);
-    } else {
-      driver_.Close(*window);
-    }
-    return true;
-  }
-  ui::Control* const control = FindControl(command.place);
-  if (control == nullptr) return false;
-  // The script has been checked: the casts fit the verbs.
-  switch (command.verb) {
-    case Verb::kMenu:
-      return driver_.Choose(dynamic_cast<ui::MenuItem&>(*control));
-    case Verb::kClick:
-      return driver_.Click(dynamic_cast<ui::Button&>(*control));
-    case Verb::kType:
-      return driver_.Type(*control, command.text);
-    case Verb::kSet:
-      return driver_.Paste(*control, command.text);
-    case Verb::kDate:
-      return driver_.PickDay(dynamic_cast<ui::DatePicker&>(*control), command.day);
-    case Verb::kPick:
-      if (auto* option = dynamic_cast<ui::OptionButton*>(control)) return driver_.Pick(*option);
-      return driver_.Pick(dynamic_cast<ui::ListControl&>(*control), command.number);
-    case Verb::kFocus:
-      return driver_.Focus(*control);
-    default:
-      return driver_.Hover(*control);
-  }
+void Runner::EndAct(const Command& command, bool done) {
+  if (!done) transcript_ << "ignored " << command.source << '\n';
+  if (waits_) driver_.Settle();
 }
 
-void Runner::Read(const Command& command) {
-  switch (command.verb) {
-    case Verb::kGet:
-      if (command.property.name == "items" && FindControl(command.property.place) != nullptr) {
-        ReadItems(command.property);
-      } else {
-        WriteValue(command, command.property.Text(), GetValue(command.property));
-      }
-      break;
-    case Verb::kState:
-      WriteValue(command, command.text,
-                 velta_ ? ReadState(command.text, velta_->program().state,
-                                    velta_->settings().RoundingMode())
-                        : ReadState(command.text, CalculationState(), ""));
-      break;
-    case Verb::kLoaded:
-      WriteValue(command, command.place.window + ".loaded",
-                 Value::Truth(FindWindow(command.place) != nullptr));
-      break;
-    case Verb::kHint:
-      WriteValue(command, "hint", GetValue({{"frmMenu", "lblMSG"}, "caption"}));
-      break;
-    case Verb::kClipboard:
-      WriteValue(command, "clipboard", Value::Text(driver_.ClipboardText()));
-      break;
-    case Verb::kPaycode: {
-      const auto& code = world_.printer.last_code;
-      WriteValue(command, "paycode", code ? Value::Text(code->payload) : Value::Bare("none"));
-      break;
-    }
-    case Verb::kOpened:
-      for (const std::string& line : std::exchange(world_.other_programs.opened, {})) {
-        transcript_ << line << '\n';
-      }
-      break;
-    case Verb::kStored:
-      for (const ui::MemorySettingsStore::Value& entry : world_.settings_store.values) {
-        transcript_ << "  " << entry.key << '=' << Quote(entry.value) << '\n';
-      }
-      break;
-    default:
-      for (const auto& printed : std::exchange(world_.printer.printed, {})) WritePrinted(printed);
-      break;
-  }
+bool Runner::Pick(ui::Control& control, int row) {
+  if (auto* const option = dynamic_cast<ui::OptionButton*>(&control)) return driver_.Pick(*option);
+  return driver_.Pick(dynamic_cast<ui::ListControl&>(control), row);
 }
 
 void Runner::WritePrinted(const ui::MemoryPrinter::Printed& printed) {
@@ -246,7 +228,7 @@ void Runner::WritePrinted(const ui::MemoryPrinter::Printed& printed) {
   }
 }
 
-void Runner::ReadItems(const Property& property) {
+void Runner::WriteItems(const Property& property) {
   Property row = property;
   row.name = "count";
   const Value count = GetValue(row);
@@ -262,6 +244,11 @@ Value Runner::GetValue(const Property& property) {
   if (window == nullptr) return Value::Bare("unloaded");
   if (property.place.control.empty()) return driver_.Get(*window, property);
   return driver_.Get(*window->Find(property.place.control), property);
+}
+
+Value Runner::GetState(const std::string& name) const {
+  if (!velta_) return ReadState(name, CalculationState(), "");
+  return ReadState(name, velta_->program().state, velta_->settings().RoundingMode());
 }
 
 void Runner::WriteValue(const Command& command, const std::string& name, const Value& value) {

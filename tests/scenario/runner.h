@@ -25,16 +25,25 @@ class Runner {
 
  private:
   void Do(const Command& command);
-  void ChangeWorld(const Command& command);
+
+  void Store(const std::string& key, const std::string& text);
   void SetServiceFails(const std::string& service, bool fails);
   void Start();
-  /// False where the user could not do it.
-  bool Act(const Command& command);
-  void Read(const Command& command);
-  void WritePrinted(const ui::MemoryPrinter::Printed& printed);
-  void ReadItems(const Property& property);
+
+  /// Does to the control, which is a C, what the command says. `deed` returns false where the user
+  /// could not do it, which the transcript then tells.
+  template <class C, class Deed>
+  void Act(const Command& command, const Deed& deed);
+  template <class Deed>
+  void ActOnWindow(const Command& command, const Deed& deed);
+  void EndAct(const Command& command, bool done);
+  bool Pick(ui::Control& control, int row);
+
   void WriteValue(const Command& command, const std::string& name, const Value& value);
+  void WriteItems(const Property& property);
+  void WritePrinted(const ui::MemoryPrinter::Printed& printed);
   Value GetValue(const Property& property);
+  Value GetState(const std::string& name) const;
 
   Form* FindWindow(const Place& place) const;
   ui::Control* FindControl(const Place& place) const;

@@ -108,9 +108,16 @@ bool HasProperty(Kind kind, std::string_view name) {
       return IsOneOf(name, {"count", "item", "items"});
     case Kind::kOptionButton:
       return name == "caption";
-    default:
-      return false;
+    case Kind::kButton:
+    case Kind::kDatePicker:
+    case Kind::kFrame:
+    case Kind::kLabel:
+    case Kind::kMenuItem:
+    case Kind::kTextBox:
+    case Kind::kTimer:
+      break;
   }
+  return false;
 }
 
 class Parser {
@@ -153,9 +160,33 @@ class Parser {
       case Verb::kClipboard:
       case Verb::kPaycode:
         return true;
-      default:
-        return false;
+      case Verb::kLocale:
+      case Verb::kToday:
+      case Verb::kUser:
+      case Verb::kData:
+      case Verb::kStore:
+      case Verb::kStart:
+      case Verb::kMenu:
+      case Verb::kClick:
+      case Verb::kType:
+      case Verb::kSet:
+      case Verb::kDate:
+      case Verb::kPick:
+      case Verb::kFocus:
+      case Verb::kHover:
+      case Verb::kClose:
+      case Verb::kPrintDialog:
+      case Verb::kFail:
+      case Verb::kMend:
+      case Verb::kWait:
+      case Verb::kWaitManual:
+      case Verb::kWaitAuto:
+      case Verb::kPrinted:
+      case Verb::kOpened:
+      case Verb::kStored:
+        break;
     }
+    return false;
   }
 
   void ParseAction(std::string_view line, Command& command) const {
