@@ -94,6 +94,12 @@ void TextBox::Append(std::string_view text) {
   Change.Raise();
 }
 
+void TextBox::SetPlaceholder(std::string text) {
+  if (text == placeholder_) return;
+  placeholder_ = std::move(text);
+  Updated.Raise(Aspect::kPlaceholder);
+}
+
 bool TextBox::UserKey(ui::KeyPress& key) {
   if (!open_to_user() || read_only_) return false;
   KeyPress.Raise(key);

@@ -51,7 +51,16 @@ class ControlVisitor {
 };
 
 /// What of a control has changed and must be drawn anew.
-enum class Aspect { kEnabled, kVisible, kBackground, kToolTip, kCaption, kValue, kItems };
+enum class Aspect {
+  kEnabled,
+  kVisible,
+  kBackground,
+  kToolTip,
+  kCaption,
+  kPlaceholder,
+  kValue,
+  kItems
+};
 
 /// The two backgrounds of an input: the system's colour for windows and the one for button faces.
 enum class Background { kWindow, kFace };
@@ -224,6 +233,10 @@ class TextBox final : public Control {
   /// Adds to the end; costs as much as what is added.
   void Append(std::string_view text);
 
+  /// What an empty box shows in grey. It is no part of the text and raises no Change.
+  const std::string& placeholder() const { return placeholder_; }
+  void SetPlaceholder(std::string text);
+
   /// A box that shows what the program wrote; the user may only copy from it.
   bool read_only() const { return read_only_; }
   void SetReadOnly() { read_only_ = true; }
@@ -251,6 +264,7 @@ class TextBox final : public Control {
 
  private:
   std::string text_;
+  std::string placeholder_;
   bool read_only_ = false;
   std::vector<int> tab_stops_;
 };

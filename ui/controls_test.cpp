@@ -35,6 +35,23 @@ TEST_F(ControlsTest, TextBoxRaisesChangeOnlyForAnotherText) {
   EXPECT_EQ(box.text(), "56");
 }
 
+TEST_F(ControlsTest, PlaceholderIsDrawnAnewButIsNoText) {
+  TextBox box(window_, "txtVzor");
+  std::vector<Aspect> redrawn;
+  int changes = 0;
+  box.Updated.Connect([&](Aspect aspect) { redrawn.push_back(aspect); });
+  box.Change.Connect([&] { ++changes; });
+  EXPECT_EQ(box.placeholder(), "");
+  box.SetPlaceholder("");
+  EXPECT_TRUE(redrawn.empty());
+  box.SetPlaceholder("povinný údaj");
+  box.SetPlaceholder("povinný údaj");
+  EXPECT_EQ(box.placeholder(), "povinný údaj");
+  EXPECT_EQ(redrawn, std::vector{Aspect::kPlaceholder});
+  EXPECT_EQ(box.text(), "");
+  EXPECT_EQ(changes, 0);
+}
+
 TEST_F(ControlsTest, ChangeHandlerMaySetTheTextAgain) {
   TextBox box(window_, "txtVzor");
   std::vector<std::string> seen;

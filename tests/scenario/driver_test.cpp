@@ -192,6 +192,16 @@ TEST_P(DriverTest, ListInWhichNothingIsChosenHasNoText) {
   EXPECT_EQ(Get(form().cboVolny, "text"), "\"\"");
 }
 
+TEST_P(DriverTest, ReadsAPlaceholderApartFromTheText) {
+  EXPECT_EQ(Get(form().txtUdaj, "placeholder"), "\"\"");
+  form().txtUdaj.SetPlaceholder("zákonná 11,75");
+  EXPECT_EQ(Get(form().txtUdaj, "placeholder"), "\"zákonná 11,75\"");
+  EXPECT_EQ(Get(form().txtUdaj, "text"), "\"\"");
+  EXPECT_TRUE(driver_->Type(form().txtUdaj, "8"));
+  EXPECT_EQ(Get(form().txtUdaj, "placeholder"), "\"zákonná 11,75\"");
+  EXPECT_EQ(Get(form().txtUdaj, "text"), "\"8\"");
+}
+
 TEST_P(DriverTest, NoKeyTypesAControlCharacter) {
   EXPECT_TRUE(driver_->Type(form().txtUdaj,
                             "a\u0085b\x07\x7F"

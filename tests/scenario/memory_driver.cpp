@@ -174,7 +174,9 @@ class ValueReader final : public ui::ControlVisitor {
     ReadCaption(control);
     if (property_.name == "value") value = Value::Truth(control.value());
   }
-  void Visit(ui::TextBox& control) override { value = Value::Text(control.text()); }
+  void Visit(ui::TextBox& control) override {
+    value = Value::Text(property_.name == "placeholder" ? control.placeholder() : control.text());
+  }
   void Visit(ui::TimerControl&) override {}
 
   Value value = Value::Bare("unset");  // an item past the last one

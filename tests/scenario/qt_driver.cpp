@@ -535,6 +535,9 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
                       QApplication::palette().color(QPalette::Active, QPalette::Button);
     return Value::Text(face ? "face" : "window");
   }
+  if (property.name == "placeholder") {
+    return Value::Text(ToUtf8(widget.property("placeholderText").toString()));
+  }
   if (const auto* const list = qobject_cast<QComboBox*>(&widget)) return GetOf(*list, property);
   if (const auto* const list = qobject_cast<QListWidget*>(&widget)) return GetOf(*list, property);
   if (const auto* const report = qobject_cast<QPlainTextEdit*>(&widget)) {

@@ -108,12 +108,13 @@ bool HasProperty(Kind kind, std::string_view name) {
       return IsOneOf(name, {"count", "item", "items"});
     case Kind::kOptionButton:
       return name == "caption";
+    case Kind::kTextBox:
+      return name == "placeholder";
     case Kind::kButton:
     case Kind::kDatePicker:
     case Kind::kFrame:
     case Kind::kLabel:
     case Kind::kMenuItem:
-    case Kind::kTextBox:
     case Kind::kTimer:
       break;
   }

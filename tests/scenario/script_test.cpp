@@ -91,6 +91,8 @@ struct PropertyRow {
 TEST(Script, PropertiesAndTheirMainOnes) {
   const PropertyRow rows[] = {
       {"text box", "get frmVypocet.txtCastka", "frmVypocet.txtCastka.text"},
+      {"its placeholder", "get frmVypocet.txtCastka.placeholder",
+       "frmVypocet.txtCastka.placeholder"},
       {"drop-down", "get frmVypocet.cboDruh", "frmVypocet.cboDruh.index"},
       {"date picker", "get frmVypocet.dtpSplatnost", "frmVypocet.dtpSplatnost.date"},
       {"editable drop-down", "get frmVypocet.cboText", "frmVypocet.cboText.index"},
@@ -175,6 +177,7 @@ TEST(Script, BadLines) {
       {"list is no button", "click frmVypocet.lstRadky"},
       {"list has no text of its own", "get frmVypocet.lstRadky.text"},
       {"option has no index", "get frmVypocet.optZaok(1).index"},
+      {"drop-down has no placeholder", "get frmVypocet.cboText.placeholder"},
       {"button has no value", "get frmVypocet.cmdNovy.value"},
       {"negative row", "pick frmVypocet.cboDruh -1"},
       {"window where a control is expected", "click frmVypocet"},

@@ -29,9 +29,9 @@ namespace {
 
 using ui::Aspect;
 
-constexpr Aspect kAspects[] = {Aspect::kItems,   Aspect::kCaption, Aspect::kValue,
-                               Aspect::kToolTip, Aspect::kEnabled, Aspect::kBackground,
-                               Aspect::kVisible};
+constexpr Aspect kAspects[] = {Aspect::kItems,      Aspect::kCaption, Aspect::kPlaceholder,
+                               Aspect::kValue,      Aspect::kToolTip, Aspect::kEnabled,
+                               Aspect::kBackground, Aspect::kVisible};
 
 void SetBackground(QWidget& widget, ui::Background background) {
   QPalette palette = QApplication::palette(&widget);
@@ -438,6 +438,7 @@ void Binder::Visit(ui::TextBox& control) {
   }
   auto& box = Widget<ReportBox>(control);
   Mirror(control, box, [&control, &box](Aspect aspect) {
+    if (aspect == Aspect::kPlaceholder) box.setPlaceholderText(ToQString(control.placeholder()));
     if (aspect == Aspect::kValue) box.SetReport(ToQString(control.text()), control.tab_stops());
     if (aspect == Aspect::kBackground) SetBackground(box, control.background());
   });
@@ -460,6 +461,7 @@ void Binder::BindLine(ui::TextBox& control, QLineEdit& edit) {
   edit.setReadOnly(control.read_only());
   lines_.insert(&edit, &control);
   Mirror(control, edit, [&control, &edit, show](Aspect aspect) {
+    if (aspect == Aspect::kPlaceholder) edit.setPlaceholderText(ToQString(control.placeholder()));
     if (aspect == Aspect::kValue) show(edit);
     if (aspect == Aspect::kBackground) SetBackground(edit, control.background());
   });

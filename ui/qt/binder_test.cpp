@@ -185,6 +185,8 @@ TEST_F(BinderTest, FollowsTheModel) {
   model_.cmdKonec.SetToolTip("Zavře okno");
   model_.txtReport.SetText("a\r\nb\r\n");
   model_.txtReport.Append("c\r\n");
+  model_.txtSazba.SetPlaceholder("zákonná 11,75");
+  model_.txtReport.SetPlaceholder("nic");
   EXPECT_EQ(edit_.text(), "10 000,50");
   EXPECT_EQ(list_.currentIndex(), 2);
   EXPECT_EQ(date_.text(), "31.12.1999");
@@ -194,6 +196,9 @@ TEST_F(BinderTest, FollowsTheModel) {
   EXPECT_EQ(form_.root.findChild<QAction*>("mnuKonec")->text(), "&Konec programu");
   EXPECT_EQ(button_.toolTip(), "Zavře okno");
   EXPECT_EQ(report_.toPlainText(), "a\nb\nc\n");
+  EXPECT_EQ(rate_.placeholderText(), "zákonná 11,75");
+  EXPECT_EQ(rate_.text(), "");
+  EXPECT_EQ(report_.placeholderText(), "nic");
   model_.lblPenale.SetCaption("");
   EXPECT_EQ(label_.text(), "");
 }

@@ -36,6 +36,7 @@ constexpr std::size_t kSupplier = 8;  // first of six
 constexpr std::size_t kDaysUntilDue = 14;
 // Name, street and town of the customer must be filled in.
 constexpr std::size_t kLastRequired = 3;
+constexpr const char* kRequired = "povinný údaj";
 
 /// Whose field it is, as the status line says it.
 const char* Owner(std::size_t field) {
@@ -77,6 +78,10 @@ void frmFaktura::OnLoad() {
   cmdHelp.SetCaption("&Nápověda");
   cmdKonec.SetCaption("&Konec");
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblFaktura.at(i).SetCaption(kLabels.at(i));
+  for (std::size_t i = kCustomer; i <= kLastRequired; ++i) {
+    txtFaktura.at(i).SetPlaceholder(kRequired);
+  }
+  txtFaktura[kDaysUntilDue].SetPlaceholder(kRequired);
 
   const ProgramSettings& firm = settings_.record();
   std::size_t field = kSupplier;
