@@ -32,7 +32,7 @@ void Form::Unload() {
 }
 
 std::string Form::Procedure(const ui::Control& control, const char* event) {
-  return control.name().substr(0, control.name().find('(')) + event;
+  return control.array() + event;
 }
 
 void Form::FocusHint(ui::Control& control, std::string text) {

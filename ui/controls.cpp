@@ -22,7 +22,10 @@ std::string OneLine(std::string_view text) {
 
 }  // namespace
 
-Control::Control(Window& window, std::string name) : window_(window), name_(std::move(name)) {
+Control::Control(Window& window, ControlName name)
+    : window_(window),
+      array_name_(std::move(name)),
+      name_(array() + (array_index() ? "(" + std::to_string(*array_index()) + ")" : "")) {
   window_.Add(*this);
 }
 
@@ -184,10 +187,9 @@ bool OptionButton::passed_by_tab() const {
 }
 
 std::vector<OptionButton*> OptionButton::Group() const {
-  const std::string array = name().substr(0, name().find('('));
   std::vector<OptionButton*> group;
   for (Control* control : window().controls()) {
-    if (control->name().substr(0, control->name().find('(')) != array) continue;
+    if (control->array() != array()) continue;
     if (auto* option = dynamic_cast<OptionButton*>(control)) group.push_back(option);
   }
   return group;
@@ -213,7 +215,7 @@ bool DatePicker::UserMistype() {
   return true;
 }
 
-TimerControl::TimerControl(Window& window, std::string name, Timer::Kind kind,
+TimerControl::TimerControl(Window& window, ControlName name, Timer::Kind kind,
                            std::chrono::milliseconds interval)
     : Control(window, std::move(name)), timer_(window.event_loop(), kind, interval) {
   Control::SetEnabled(false);

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -65,6 +66,16 @@ enum class Aspect {
 /// The two backgrounds of an input: the system's colour for windows and the one for button faces.
 enum class Background { kWindow, kFace };
 
+/// What a control is called: "txtReport", or {"lblPopis", 3} as an element of an array.
+struct ControlName {
+  ControlName(const char* name) : array(name) {}
+  ControlName(std::string name_of_array, std::size_t index_in_array)
+      : array(std::move(name_of_array)), index(index_in_array) {}
+
+  std::string array;  ///< its own name where it stands alone
+  std::optional<std::size_t> index;
+};
+
 /// What all controls have. A control belongs to a window, in which it announces itself; the order
 /// of declaration in the window's class is the reading order and so the tab order.
 class Control {
@@ -75,6 +86,10 @@ class Control {
 
   /// The control's name in its window; the elements of an array are "name(0)", "name(1)", …
   const std::string& name() const { return name_; }
+  /// The name that the elements of an array share; its own name where it stands alone.
+  const std::string& array() const { return array_name_.array; }
+  /// Which element of its array it is; none where it stands alone.
+  std::optional<std::size_t> array_index() const { return array_name_.index; }
   Window& window() const { return window_; }
 
   bool enabled() const { return enabled_; }
@@ -108,7 +123,7 @@ class Control {
   Event<Aspect> Updated;  ///< for views only
 
  protected:
-  Control(Window& window, std::string name);
+  Control(Window& window, ControlName name);
 
   virtual bool takes_focus() const { return false; }
   virtual bool passed_by_tab() const { return false; }
@@ -118,6 +133,7 @@ class Control {
   friend class Frame;
 
   Window& window_;
+  ControlName array_name_;
   std::string name_;
   const Control* container_ = nullptr;
   bool enabled_ = true;
@@ -131,7 +147,7 @@ class Control {
 template <class C, std::size_t... I>
 std::array<C, sizeof...(I)> MakeControlArray(Window& window, const std::string& name,
                                              std::index_sequence<I...> /*indexes*/) {
-  return {{C(window, name + "(" + std::to_string(I) + ")")...}};
+  return {{C(window, {name, I})...}};
 }
 template <class C, std::size_t kCount>
 std::array<C, kCount> ControlArray(Window& window, const std::string& name) {
@@ -155,14 +171,14 @@ class CaptionedControl : public Control {
 /// A fixed or computed text.
 class Label final : public CaptionedControl {
  public:
-  Label(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  Label(Window& window, ControlName name) : CaptionedControl(window, std::move(name)) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
 /// A titled box around other controls, or a strip or picture that carries some.
 class Frame final : public CaptionedControl {
  public:
-  Frame(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  Frame(Window& window, ControlName name) : CaptionedControl(window, std::move(name)) {}
 
   /// The controls stand in this frame and are hidden with it. Needed only where a frame is hidden.
   void Hold(std::initializer_list<Control*> controls);
@@ -196,7 +212,7 @@ class Command : public CaptionedControl {
 /// A push button.
 class Button final : public Command {
  public:
-  Button(Window& window, std::string name) : Command(window, std::move(name)) {}
+  Button(Window& window, ControlName name) : Command(window, std::move(name)) {}
 
   /// A toolbar's buttons leave the keyboard where it is.
   void SetTakesFocus(bool takes_focus) { takes_focus_ = takes_focus; }
@@ -213,7 +229,7 @@ class Button final : public Command {
 /// An item of the menu bar: a menu, a command or (caption "-") a separating line.
 class MenuItem final : public Command {
  public:
-  MenuItem(Window& window, std::string name) : Command(window, std::move(name)) {}
+  MenuItem(Window& window, ControlName name) : Command(window, std::move(name)) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
@@ -226,7 +242,7 @@ struct KeyPress {
 /// A box of text, of one line or (for reports) of many.
 class TextBox final : public Control {
  public:
-  TextBox(Window& window, std::string name) : Control(window, std::move(name)) {}
+  TextBox(Window& window, ControlName name) : Control(window, std::move(name)) {}
 
   const std::string& text() const { return text_; }
   void SetText(std::string_view text);
@@ -296,7 +312,7 @@ class ListControl : public Control {
 /// A drop-down list of different texts. In an editable one any other text may be typed as well.
 class DropDown final : public ListControl {
  public:
-  DropDown(Window& window, std::string name) : ListControl(window, std::move(name)) {}
+  DropDown(Window& window, ControlName name) : ListControl(window, std::move(name)) {}
 
   bool editable() const { return editable_; }
   void SetEditable() { editable_ = true; }
@@ -320,7 +336,7 @@ class DropDown final : public ListControl {
 /// A box that shows all its rows.
 class ListBox final : public ListControl {
  public:
-  ListBox(Window& window, std::string name) : ListControl(window, std::move(name)) {}
+  ListBox(Window& window, ControlName name) : ListControl(window, std::move(name)) {}
 
   void SetIndex(int index) override;
   /// Takes all rows away; no Change is raised.
@@ -332,7 +348,7 @@ class ListBox final : public ListControl {
 /// One of several options, of which at most one is chosen: those of one array are a group.
 class OptionButton final : public CaptionedControl {
  public:
-  OptionButton(Window& window, std::string name) : CaptionedControl(window, std::move(name)) {}
+  OptionButton(Window& window, ControlName name) : CaptionedControl(window, std::move(name)) {}
 
   bool value() const { return value_; }
   /// Chooses this option in place of the one chosen so far; raises no Click.
@@ -364,7 +380,7 @@ class DatePicker final : public Control {
   static constexpr Day kFirst{std::chrono::year{1900} / 1 / 1};
   static constexpr Day kLast{std::chrono::year{9999} / 12 / 31};
 
-  DatePicker(Window& window, std::string name, Day day)
+  DatePicker(Window& window, ControlName name, Day day)
       : Control(window, std::move(name)), day_(day) {}
 
   Day day() const { return day_; }
@@ -397,7 +413,7 @@ class DatePicker final : public Control {
 /// window.
 class TimerControl final : public Control {
  public:
-  TimerControl(Window& window, std::string name, Timer::Kind kind = Timer::Kind::kOneShot,
+  TimerControl(Window& window, ControlName name, Timer::Kind kind = Timer::Kind::kOneShot,
                std::chrono::milliseconds interval = std::chrono::milliseconds(0));
 
   void SetEnabled(bool enabled) override;

@@ -269,6 +269,17 @@ TEST_F(OptionsTest, UsersChoiceIsOneClickAndTheNextOneAnother) {
   EXPECT_EQ(Chosen(), std::vector<int>{1});
 }
 
+TEST_F(OptionsTest, ElementsKnowTheirArrayAndTheirPlaceInIt) {
+  for (std::size_t i = 0; i < zaok_.size(); ++i) {
+    EXPECT_EQ(zaok_.at(i).array(), "optZaok");
+    EXPECT_EQ(zaok_.at(i).array_index(), i);
+    EXPECT_EQ(zaok_.at(i).name(), "optZaok(" + std::to_string(i) + ")");
+  }
+  const Label alone(window_, "lblMSG");
+  EXPECT_EQ(alone.array(), "lblMSG");
+  EXPECT_EQ(alone.array_index(), std::nullopt);
+}
+
 TEST_F(OptionsTest, OnlyWhatHasChangedIsDrawnAnew) {
   zaok_[0].Choose();
   drawn_.clear();
@@ -365,7 +376,7 @@ TEST_F(ControlsTest, DisabledCommandsDoNothing) {
 }
 
 TEST_F(ControlsTest, ToolbarButtonLeavesTheFocusWhereItIs) {
-  Button button(window_, "cmdMenu(0)");
+  Button button(window_, {"cmdMenu", 0});
   button.SetTakesFocus(false);
   button.SetFocus();
   EXPECT_EQ(window_.focused(), nullptr);

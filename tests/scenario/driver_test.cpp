@@ -80,7 +80,7 @@ class FormMaker final : public ui::ControlVisitor {
 
  private:
   void Add(const ui::Control& control, QWidget* widget) {
-    widget->setObjectName(qt::Binder::WidgetName(control.name()));
+    widget->setObjectName(qt::Binder::WidgetName(control));
     if (widget->parentWidget() == &root_) root_.layout()->addWidget(widget);
   }
 

@@ -246,7 +246,7 @@ QWidget& QtDriver::FormOf(const ui::Window& window) {
 
 template <class Part>
 Part* QtDriver::Find(const ui::Control& control) {
-  return FormOf(control.window()).findChild<Part*>(qt::Binder::WidgetName(control.name()));
+  return FormOf(control.window()).findChild<Part*>(qt::Binder::WidgetName(control));
 }
 
 QWidget& QtDriver::WidgetOf(const ui::Control& control) {
@@ -479,7 +479,7 @@ bool QtDriver::IsPlace(const QWidget& widget) const {
     if (window == nullptr) continue;
     if (widget.objectName() == ToQString(name)) return true;
     for (const ui::Control* const control : window->controls()) {
-      if (widget.objectName() == qt::Binder::WidgetName(control->name())) return true;
+      if (widget.objectName() == qt::Binder::WidgetName(*control)) return true;
     }
   }
   return false;

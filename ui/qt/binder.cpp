@@ -118,8 +118,10 @@ Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints, const Local
   });
 }
 
-QString Binder::WidgetName(const std::string& control_name) {
-  return ToQString(control_name).replace(u'(', u'_').remove(u')');
+QString Binder::WidgetName(const ui::Control& control) {
+  QString name = ToQString(control.array());
+  if (control.array_index()) name += u'_' + QString::number(*control.array_index());
+  return name;
 }
 
 void Binder::TakeFocus() {
@@ -184,7 +186,7 @@ bool Binder::Key(QLineEdit& edit, QKeyEvent& event) {
 
 template <class W>
 W* Binder::Find(const ui::Control& control) const {
-  return root_.findChild<W*>(WidgetName(control.name()));
+  return root_.findChild<W*>(WidgetName(control));
 }
 
 template <class W>
@@ -413,7 +415,7 @@ void Binder::Visit(ui::OptionButton& control) {
   auto& button = Widget<QAbstractButton>(control);
   button.setCheckable(true);
   button.setAutoExclusive(true);  // the group sees to it; this tells screen readers
-  QButtonGroup*& group = options_[ToQString(control.name()).section(u'(', 0, 0)];
+  QButtonGroup*& group = options_[ToQString(control.array())];
   if (group == nullptr) group = new QButtonGroup(this);
   group->addButton(&button);
   // Tab comes to one option of a group, the chosen one or else the first; from there the arrow keys

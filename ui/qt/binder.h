@@ -37,7 +37,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   /// From now on the user's acts are no longer written into the model.
   void StopListening() { listening_ = false; }
 
-  static QString WidgetName(const std::string& control_name);
+  static QString WidgetName(const ui::Control& control);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

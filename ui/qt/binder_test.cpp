@@ -55,7 +55,7 @@ struct Model : ui::Window {
   }
 
   ui::Frame fraTop{*this, "fraTop"};
-  ui::TextBox txtFaktura{*this, "txtFaktura(3)"};
+  ui::TextBox txtFaktura{*this, {"txtFaktura", 3}};
   ui::TextBox txtSazba{*this, "txtSazba"};
   ui::DropDown cboDruh{*this, "cboDruh"};
   ui::DatePicker dtpDen{*this, "dtpDen", Day(2005, 4, 28)};
@@ -700,7 +700,7 @@ TEST_F(TypedDateTest, ButtonOfAnotherWindowLeavesTheDate) {
 TEST_F(TypedDateTest, ToolbarButtonLeavesItToItsOwnWindow) {
   // The toolbar's window is around that of the date, with a binder that does not know it.
   ui::Window main("frmMenu", ui::WindowKind::kMain, loop_);
-  ui::Button help(main, "cmdMenu(8)");
+  ui::Button help(main, {"cmdMenu", 8});
   auto* button = new QPushButton(&form_.root);
   button->setObjectName("cmdMenu_8");
   button->setFocusPolicy(Qt::NoFocus);

@@ -81,7 +81,7 @@ class FormsTest : public ::testing::TestWithParam<std::string> {
     abort();
   }
   QWidget* WidgetOf(const ui::Control& control) {
-    return root().findChild<QWidget*>(Binder::WidgetName(control.name()));
+    return root().findChild<QWidget*>(Binder::WidgetName(control));
   }
   ui::MemoryPlatform memory_;
   WindowSystem window_system_{memory_.locale};
@@ -93,7 +93,7 @@ TEST_P(FormsTest, EveryNamedWidgetHasItsControl) {
   static const QRegularExpression kNoControl("^(layout|space|gap|central|menubar|qt_|_|Q[A-Z])");
   std::set<QString> controls;
   for (const ui::Control* control : model().controls()) {
-    controls.insert(Binder::WidgetName(control->name()));
+    controls.insert(Binder::WidgetName(*control));
   }
   std::vector<std::string> orphans;
   for (const QObject* object : root().findChildren<QObject*>()) {
