@@ -4,7 +4,7 @@ get_filename_component(name ${SCENARIO} NAME_WE)
 string(REGEX REPLACE "[.]txt$" ".expected" expected ${SCENARIO})
 set(actual ${CMAKE_CURRENT_BINARY_DIR}/${name}.${PLATFORM}.actual)
 execute_process(
-  COMMAND ${RUNNER} --platform ${PLATFORM} ${SCENARIO}
+  COMMAND ${RUNNER} --platform ${PLATFORM} --lines ${SCENARIO}
   OUTPUT_FILE ${actual}
   RESULT_VARIABLE status)
 execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${expected} ${actual} RESULT_VARIABLE differs)

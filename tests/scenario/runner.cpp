@@ -20,19 +20,21 @@ constexpr const char* kSection = "Settings";
 
 }  // namespace
 
-Runner::Runner(World& world, Driver& driver, std::ostream& transcript, std::string folder)
+Runner::Runner(World& world, Driver& driver, std::ostream& transcript, std::string folder,
+               LongTexts long_texts)
     : world_(world),
       driver_(driver),
       transcript_(transcript),
       folder_(std::move(folder)),
+      long_texts_(long_texts),
       platform_{driver.message_box(),  driver.clipboard(),    world_.settings_store,
                 world_.other_programs, world_.other_programs, world_.printer,
                 world_.other_programs, world_.user_name,      world_.clock,
                 driver.event_loop(),   world_.program_folder, driver.window_system(),
                 world_.locale} {
   driver_.on_message = [this](ui::Icon icon, const std::string& caption, const std::string& text) {
-    transcript_ << "message " << (icon == ui::Icon::kCritical ? "critical" : "information") << ' '
-                << Quote(caption) << ' ' << Quote(text) << '\n';
+    const std::string kind = icon == ui::Icon::kCritical ? "critical" : "information";
+    WriteLine("message " + kind + " " + Quote(caption) + " ", Value::Text(text));
   };
 }
 
@@ -252,10 +254,30 @@ Value Runner::GetState(const std::string& name) const {
 }
 
 void Runner::WriteValue(const Command& command, const std::string& name, const Value& value) {
-  transcript_ << name << " = " << value.Shown() << '\n';
+  WriteLine(name + " = ", value);
   if (!command.expects || value.plain() == command.expected) return;
-  transcript_ << "FAILED expected " << command.expected_source << '\n';
+  if (IsShownInLines(command.expected)) {
+    WriteLine("FAILED expected ", Value::Text(command.expected));
+  } else {
+    transcript_ << "FAILED expected " << command.expected_source << '\n';
+  }
   all_held_ = false;
+}
+
+bool Runner::IsShownInLines(std::string_view text) const {
+  return long_texts_ == LongTexts::kLineByLine && Lines(text).size() > 1;
+}
+
+void Runner::WriteLine(const std::string& heading, const Value& value) {
+  if (IsShownInLines(value.plain())) {
+    transcript_ << heading.substr(0, heading.find_last_not_of(' ') + 1);
+    for (const std::string_view line : Lines(value.plain())) {
+      transcript_ << "\n    " << Quote(line);
+    }
+  } else {
+    transcript_ << heading << value.Shown();
+  }
+  transcript_ << '\n';
 }
 
 }  // namespace velta::scenario

@@ -16,7 +16,7 @@ struct Played {
   bool held = false;
 };
 
-Played Play(const std::string& text) {
+Played Play(const std::string& text, LongTexts long_texts = LongTexts::kOnOneLine) {
   std::istringstream in(text);
   const Script script = ParseScript(in, ProgramNames());
   for (const BadLine& bad : script.bad_lines) ADD_FAILURE() << bad.number << ": " << bad.reason;
@@ -24,7 +24,7 @@ Played Play(const std::string& text) {
   World world;
   world.program_folder.path = VELTA_SOURCE_DIR "/data";
   const std::unique_ptr<Driver> driver = MakeMemoryDriver();
-  const bool held = Runner(world, *driver, transcript, "").Play(script);
+  const bool held = Runner(world, *driver, transcript, "", long_texts).Play(script);
   return {transcript.str(), held};
 }
 
@@ -104,6 +104,47 @@ TEST(Runner, APastedTextBecomesOneLine) {
            "get frmJednotlivy.txtVyseSazby\n")
           .transcript,
       "frmJednotlivy.txtVyseSazby.text = \"a b c\"\n");
+}
+
+TEST(Runner, LongTextsStandOnOneLine) {
+  EXPECT_EQ(Play("start\nmenu mnuPostupnyVypocet\nget frmPostupny.txtPostup\n").transcript,
+            R"(frmPostupny.txtPostup.text = "Podklady pro výpočet úroku z prodlení\r\n)"
+            R"(****************************************************\r\n")"
+            "\n");
+}
+
+TEST(Runner, LongTextsLineByLine) {
+  const Played played = Play(
+      "today 20.6.2005\nstart\nmenu mnuPostupnyVypocet\nget frmPostupny.txtPostup\n"
+      "expect get frmPostupny.txtPostup = a\\r\\n\\nb\\s\\\\n\n"
+      "expect get frmPostupny.txtPostup = a\\r\\n\n"
+      "get frmPostupny.txtPostup.enabled\nget frmPostupny.cboDruhSazby.items\n"
+      "fail help\nmenu mnuObsah\nhint\n",
+      LongTexts::kLineByLine);
+  const std::string text = R"(frmPostupny.txtPostup.text =
+    "Podklady pro výpočet úroku z prodlení\r\n"
+    "****************************************************\r\n"
+)";
+  EXPECT_EQ(played.transcript, text + text +
+                                   R"(FAILED expected
+    "a\r\n"
+    "\n"
+    "b \\n"
+)" + text + R"(FAILED expected a\r\n
+frmPostupny.txtPostup.enabled = true
+frmPostupny.cboDruhSazby.items = 6
+  "% denně"
+  "% ročně"
+  "‰ denně"
+  "‰ ročně"
+  "Dle Diskontní sazby ČNB"
+  "Dle Repo sazby ČNB"
+message critical "Velta"
+    "Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
+    "(mnuObsah_Click) of (frmMenu.frm)."
+hint = "Zadejte celkovou částku faktury"
+)");
+  EXPECT_FALSE(played.held);
 }
 
 }  // namespace

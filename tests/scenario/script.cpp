@@ -520,4 +520,14 @@ std::string Quote(std::string_view text) {
   return quoted + "\"";
 }
 
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  for (std::size_t end = text.find('\n'); end < text.size() - 1; end = text.find('\n')) {
+    lines.push_back(text.substr(0, end + 1));
+    text.remove_prefix(end + 1);
+  }
+  lines.push_back(text);
+  return lines;
+}
+
 }  // namespace velta::scenario

@@ -116,4 +116,7 @@ std::string Unescape(std::string_view text);
 /// A text as transcripts show it: in double quotes, with \t \n \r \" and \\ escaped.
 std::string Quote(std::string_view text);
 
+/// A text cut after every line feed: "a\r\nb" is "a\r\n" and "b". A text without one is one line.
+std::vector<std::string_view> Lines(std::string_view text);
+
 }  // namespace velta::scenario

@@ -224,5 +224,18 @@ TEST(Quote, EscapesWhatWouldBreakTheLineOrTheQuotes) {
   EXPECT_EQ(Quote(""), "\"\"");
 }
 
+TEST(Lines, EndAfterEveryLineFeed) {
+  using Texts = std::vector<std::string_view>;
+  struct Row {
+    std::string_view text;
+    Texts lines;
+  };
+  for (const Row& row : {Row{"", {""}}, Row{"a", {"a"}}, Row{"a\r\n", {"a\r\n"}}, Row{"\n", {"\n"}},
+                         Row{"a\r\nb", {"a\r\n", "b"}}, Row{"a\n\n", {"a\n", "\n"}},
+                         Row{"\n\r\n b", {"\n", "\r\n", " b"}}, Row{"a\rb", {"a\rb"}}}) {
+    EXPECT_EQ(Lines(row.text), row.lines) << Quote(row.text);
+  }
+}
+
 }  // namespace
 }  // namespace velta::scenario
