@@ -12,7 +12,6 @@
 #include "tests/support/day.h"
 #include "tests/support/english_locale.h"
 #include "tests/support/rate_folder.h"
-#include "ui/memory/memory_platform.h"
 #include "values/error.h"
 
 namespace velta {

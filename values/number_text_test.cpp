@@ -4,7 +4,9 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "tests/support/thrown.h"
 
@@ -478,6 +480,55 @@ TEST(NumberTextTest, PlainTextOfARate) {
   }
 }
 
+double AsText(Rate rate) { return ToDouble(PlainText(rate, kCzech), kCzech); }
+
+TEST(NumberTextTest, ARateAsWrittenIsTheNumberOfItsText) {
+  for (int steps = 0; steps <= 1000000; ++steps) {
+    const double written = steps / 10000.0;
+    const auto rate = static_cast<Rate>(written);
+    ASSERT_EQ(AsWritten(rate), written);
+    ASSERT_EQ(AsWritten(-rate), -written);
+  }
+}
+
+TEST(NumberTextTest, AnySingleAsWrittenIsTheNumberOfItsText) {
+  using Limits = std::numeric_limits<float>;
+  std::vector<Rate> rates = {7.05F,
+                             100.0001F,
+                             123.4567F,
+                             99.99999F,
+                             99.9999F,
+                             99.9998F,
+                             0.00005F,
+                             0.00001F,
+                             12345.678F,
+                             1e7F,
+                             0.1F + 0.2F,
+                             Limits::min(),
+                             Limits::max(),
+                             Limits::denorm_min(),
+                             Limits::epsilon()};
+  std::mt19937_64 random(20261122);
+  std::uniform_real_distribution<double> exponent(-10, 20);
+  for (int round = 0; round < 100000; ++round) {
+    rates.push_back(static_cast<Rate>(std::pow(10, exponent(random))));
+  }
+  for (std::size_t i = 0; i < 1000; ++i) {  // the singles beside those of four decimals
+    const auto rate = static_cast<Rate>(static_cast<double>(i * 997 + 1) / 10000);
+    rates.push_back(std::nextafter(rate, 0.0F));
+    rates.push_back(std::nextafter(rate, 1000.0F));
+  }
+  for (const Rate rate : rates) {
+    ASSERT_EQ(AsWritten(rate), AsText(rate)) << std::hexfloat << rate;
+    ASSERT_EQ(AsWritten(-rate), AsText(-rate)) << std::hexfloat << rate;
+  }
+  EXPECT_EQ(AsWritten(7.05F), 7.05);
+  EXPECT_EQ(AsWritten(std::nextafter(7.05F, 8.0F)), 7.0500007);
+  for (const Rate rate : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
+    EXPECT_EQ(Thrown([&] { AsWritten(rate); }), ErrorNumber::kOverflow);
+  }
+}
+
 struct FixedRow {
   const char* name;
   double value;
@@ -521,6 +572,107 @@ TEST(NumberTextTest, FixedText) {
     EXPECT_EQ(FixedText(row.value, row.decimals, kCzech), row.czech) << row.name;
   }
   EXPECT_EQ(FixedText(1.005, 2, kEnglish), "1.01");
+}
+
+// --- The same without the text -----------------------------------------------------------------
+
+TEST(NumberTextTest, RoundedToIsTheFixedTextAsANumber) {
+  for (const FixedRow& row : kFixed) {
+    EXPECT_EQ(RoundedTo(row.value, row.decimals), ToDouble(row.czech, kCzech)) << row.name;
+  }
+  EXPECT_FALSE(std::signbit(RoundedTo(-0.0, 2)));
+  EXPECT_FALSE(std::signbit(RoundedTo(-0.004, 2)));
+  EXPECT_FALSE(std::signbit(RoundedTo(-0.00499999999999999, 2)));
+  EXPECT_FALSE(std::signbit(RoundedTo(-1e-300, 4)));
+  for (const double value : {kInfinity, -kInfinity, std::nan("")}) {
+    EXPECT_EQ(Thrown([&] { RoundedTo(value, 2); }), ErrorNumber::kOverflow);
+  }
+}
+
+void ExpectRoundedAsText(double value, int decimals) {
+  const double rounded = RoundedTo(value, decimals);
+  ASSERT_EQ(rounded, ToDouble(FixedText(value, decimals, kCzech), kCzech))
+      << std::hexfloat << value << ' ' << decimals;
+  ASSERT_EQ(std::signbit(rounded), rounded < 0) << std::hexfloat << value << ' ' << decimals;
+}
+
+// Ties and what lies a few doubles beside them: where the 15 digits and the value itself part.
+TEST(NumberTextTest, RoundedToAroundTies) {
+  constexpr int kRounds = 5000;
+  std::mt19937_64 random(20261122);  // the same figures every time
+  std::uniform_real_distribution<double> exponent(0, 15);
+  std::uniform_int_distribution<int> places(0, 4);
+  for (int round = 0; round < kRounds; ++round) {
+    const int decimals = places(random);
+    const double tie = std::floor(std::pow(10, exponent(random))) + 0.5;
+    const double value = (round % 2 == 0 ? tie : -tie) / std::pow(10, decimals);
+    double below = value;
+    double above = value;
+    for (int step = 0; step < 12; ++step) {
+      ExpectRoundedAsText(below, decimals);
+      ExpectRoundedAsText(above, decimals);
+      below = std::nextafter(below, -kInfinity);
+      above = std::nextafter(above, kInfinity);
+    }
+    if (HasFatalFailure()) return;
+  }
+}
+
+// Half of them of any size and none of their bits chosen, half as large as interests are.
+TEST(NumberTextTest, RoundedToOfAnyValue) {
+  constexpr int kRounds = 60000;
+  std::mt19937_64 random(20261122);
+  std::uniform_real_distribution<double> interest(-1e7, 1e7);
+  std::uniform_real_distribution<double> exponent(-20, 30);
+  std::uniform_int_distribution<int> places(0, 4);
+  for (int round = 0; round < kRounds; ++round) {
+    const double sign = round % 2 == 0 ? 1 : -1;
+    ExpectRoundedAsText(sign * std::pow(10, exponent(random)), places(random));
+    ExpectRoundedAsText(interest(random), places(random));
+    if (HasFatalFailure()) return;
+  }
+}
+
+TEST(NumberTextTest, AnAmountOfADoubleIsItsPlainText) {
+  constexpr int kRounds = 60000;
+  std::mt19937_64 random(20261122);
+  std::uniform_real_distribution<double> exponent(-6, 14.9);
+  for (int round = 0; round < kRounds; ++round) {
+    const double size = std::pow(10, exponent(random));
+    const double value = round % 2 == 0 ? size : -size;
+    ASSERT_EQ(ToMoney(value), ToMoney(PlainText(value, kCzech), kCzech)) << std::hexfloat << value;
+    const double tie = (std::floor(size) + 0.5) / 10000;
+    ASSERT_EQ(ToMoney(tie), ToMoney(PlainText(tie, kCzech), kCzech)) << std::hexfloat << tie;
+  }
+}
+
+struct MoneyRow {
+  const char* name;
+  double crowns;
+  std::int64_t units;
+};
+
+// Expected: decimal quantization, half to even, of the value's 15-digit text.
+constexpr MoneyRow kAmountsOfDoubles[] = {
+    {"zero", 0, 0},
+    {"minus zero", -0.0, 0},
+    {"half, even below", 12.00005, 120000},
+    {"half, odd below", 12.00015, 120002},
+    {"half, odd below, negative", -12.00015, -120002},
+    {"half at the sixteenth digit counts as half", 0.00014999999999999999, 2},
+    {"an interest", 115.068493150685, 1150685},
+    {"15 digits", 922337203685477, 9223372036854770000},
+    {"vanishing", 1e-300, 0},
+};
+
+TEST(NumberTextTest, AnAmountOfADouble) {
+  for (const MoneyRow& row : kAmountsOfDoubles) {
+    EXPECT_EQ(ToMoney(row.crowns).units(), row.units) << row.name;
+  }
+  for (const double crowns : {922337203685478.0, -922337203685478.0, 1e300, -1e300, kInfinity,
+                              -kInfinity, std::nan("")}) {
+    EXPECT_EQ(Thrown([&] { ToMoney(crowns); }), ErrorNumber::kOverflow) << crowns;
+  }
 }
 
 TEST(NumberTextTest, EveryThousandthRoundsHalfAwayFromZero) {
