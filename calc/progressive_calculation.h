@@ -11,8 +11,9 @@
 namespace velta {
 
 /// One debt that is paid in several payments. Each payment bears interest on its own amount from
-/// the due date to its day, and lowers the balance; when that is zero the calculation is finished.
-/// A payment costs the same however many came before it.
+/// the due date to its day, and lowers the balance; when that is zero the calculation is finished
+/// and takes no more: whoever uses it asks before the next payment, and whether its day is later
+/// than the due date. A payment costs the same however many came before it.
 class ProgressiveCalculation {
  public:
   /// What is owed, and at which rate.

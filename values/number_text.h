@@ -30,8 +30,9 @@ using Rate = float;
 /// is 7.050000190734863.
 double AsWritten(Rate rate);
 
-/// A value at a fixed number of decimals, rounded half away from zero on its 15-digit decimal text:
-/// RoundedTo(1.005, 2) is 1.01. The result is the double nearest to that decimal number.
+/// A value at a fixed number of decimals (0 to 22), rounded half away from zero on its 15-digit
+/// decimal text: RoundedTo(1.005, 2) is 1.01. The result is the double nearest to that decimal
+/// number.
 double RoundedTo(double value, int decimals);
 
 /// The amount that the 15-digit decimal text of `crowns` says, to four decimals, ties to the even
