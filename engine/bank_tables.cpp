@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 
 #include "values/error.h"
 #include "values/number_text.h"
@@ -15,12 +16,12 @@ std::chrono::year_month_day Calendar(Date date) { return date; }
 }  // namespace
 
 BankTables ReadBankTables(const std::string& folder, Date today, const LocaleFormat& locale) {
-  const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
+  const std::filesystem::path path(folder);
   BankTables tables;
-  ForEachLine(prefix + kCnbFile, [&](std::string_view line) {
+  ForEachLine(path / kCnbFile, [&](std::string_view line) {
     tables.discount.push_back(ParseCnbRow(line, today, locale));
   });
-  ForEachLine(prefix + kRepoFile,
+  ForEachLine(path / kRepoFile,
               [&](std::string_view line) { tables.repo.push_back(ParseRepoRow(line, locale)); });
   return tables;
 }

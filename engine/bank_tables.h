@@ -21,8 +21,8 @@ struct BankTables {
   std::vector<RepoRow> repo;
 };
 
-/// Reads both files of a folder; `today` ends the discount row that is still in force. Errors are
-/// those of ReadFile, ParseCnbRow and ParseRepoRow.
+/// Reads both files of a folder ("": the current one); `today` ends the discount row that is still
+/// in force. Errors are those of ReadFile, ParseCnbRow and ParseRepoRow.
 BankTables ReadBankTables(const std::string& folder, Date today, const LocaleFormat& locale);
 
 /// The row of the discount table that is in force on `day`. The last row comes first, then the

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,13 @@ TEST(ReadBankTablesTest, ReadsTheSuppliedTables) {
     EXPECT_EQ(tables.repo.front().start, Day(2005, 1, 1));
     EXPECT_EQ(tables.repo.back().rate, 10.75F);
   }
+}
+
+TEST(ReadBankTablesTest, NoFolderIsTheCurrentOne) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(VELTA_SOURCE_DIR "/data");
+  EXPECT_EQ(ReadBankTables("", kToday, kCzech).repo.size(), 44U);
+  std::filesystem::current_path(before);
 }
 
 TEST(ReadBankTablesTest, TheLocaleChangesNoRate) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 #include <sstream>
 #include <system_error>
 
@@ -77,7 +79,9 @@ RepoRow ParseRepoRow(std::string_view line, const LocaleFormat& locale) {
   std::string repo_rate(Columns(line, 9, line.npos));
   if (locale.decimal == ".") std::replace(repo_rate.begin(), repo_rate.end(), ',', '.');
   // Added in double and narrowed once: a sum in single precision would show as 7,5299997.
-  row.rate = static_cast<Rate>(ToDouble(repo_rate, locale) + kRepoSurcharge);
+  const double rate = ToDouble(repo_rate, locale) + kRepoSurcharge;
+  if (std::abs(rate) > std::numeric_limits<Rate>::max()) throw Error(ErrorNumber::kOverflow);
+  row.rate = static_cast<Rate>(rate);
   return row;
 }
 

@@ -56,7 +56,7 @@ struct RepoRow {
 };
 
 /// "010120052,50" is 1.1.2005 and 9.5. A date or rate that is none: Error 13, a date outside the
-/// calendar: Error 5.
+/// calendar: Error 5, a rate beyond the range of Rate: Error 6.
 RepoRow ParseRepoRow(std::string_view line, const LocaleFormat& locale);
 
 }  // namespace velta

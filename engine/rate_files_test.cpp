@@ -257,6 +257,8 @@ INSTANTIATE_TEST_SUITE_P(
                     // 7 + 0.53 added in single precision would be 7.5299997.
                     RepoSample{"SumInDouble", "010120050,53", Day(2005, 1, 1), 7.53F},
                     RepoSample{"MonthRolls", "011320052,50", Day(2006, 1, 1), 9.5F},
+                    // A single holds 38 digits before the point.
+                    RepoSample{"RateBeyondRates", "01072022" + std::string(40, '9'), {}, 0, 6},
                     RepoSample{"NoRate", "01012005", {}, 0, 13},
                     RepoSample{"RateOfLetters", "01012005dva", {}, 0, 13},
                     RepoSample{"DottedDate", "01.01.20052,50", {}, 0, 13},
