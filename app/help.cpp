@@ -9,8 +9,8 @@ namespace velta {
 
 namespace {
 
-/// The program folder as it stands + separator + name. Where the separator is "\" a folder that
-/// ends in one gets a second, which the help viewer takes; elsewhere never.
+/// The help's file in the program's folder. Where the separator is "\" one is always put in, also
+/// behind a folder that ends in one: the help viewer there takes two.
 std::string HelpFilePath(const ui::ProgramFolder& folder) {
   if (folder.Separator() == "\\") return folder.Path() + "\\" + kHelpFileName;
   return ProgramFile(folder, kHelpFileName);

@@ -39,8 +39,8 @@ class Page {
   int LineCount() const { return static_cast<int>(document_.lines.size()); }
   int LinesOnLastPage() const;
 
-  /// The lines that have been ended since there were `first_line` of them stand on one page, where
-  /// it can hold them.
+  /// Keeps the lines from `first_line` on (what LineCount said before them) on one page, where one
+  /// can hold them.
   void KeepTogether(int first_line);
 
   /// The finished document. A line that has been begun is ended.

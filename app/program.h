@@ -32,7 +32,7 @@ struct Program {
   ErrorReport errors;
   StatusLine status;
   CalculationState state;
-  Windows windows;  // goes first: windows use all of the above until their end
+  Windows windows;  // destroyed first: windows use all of the above until their end
 };
 
 }  // namespace velta

@@ -49,7 +49,7 @@ class Windows {
  private:
   struct Entry {
     std::unique_ptr<Form> form;
-    std::unique_ptr<ui::WindowView> view;  // goes before its form
+    std::unique_ptr<ui::WindowView> view;  // destroyed before its form
   };
   using Entries = std::vector<std::unique_ptr<Entry>>;
 

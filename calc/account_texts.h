@@ -39,7 +39,7 @@ inline std::string RateWithUnit(Rate rate, std::string_view unit, const LocaleFo
 /// What the printed account is called in the printer's queue and as a file, by the amount owed and
 /// its due date: "Výpočet úroku z prodlení 10 000 Kč 10.3.2005".
 inline std::string PrintoutName(Money owed, Date due, LocaleFormat locale) {
-  locale.group = " ";  // in a name for other programs no unbreakable blank
+  locale.group = " ";  // an ordinary one: other programs read this name
   std::string amount = CurrencyText(owed, locale);
   const std::string no_haler = locale.decimal + "00";
   const std::size_t decimals = amount.rfind(no_haler);

@@ -53,7 +53,7 @@ std::variant<Payment, Refusal> ProgressiveCalculation::Add(Payment payment) {
   Money total = result_.total + payment.interest_sum;
   const int interest_count =
       interest_count_ + std::max(1, static_cast<int>(payment.periods.size()));
-  // One interest is its own total; in the repo regime it is exact and the total rounded.
+  // The total of one interest alone is the payment's, rounded; a sum is never rounded once more.
   if (balance == Money() && interest_count == 1) total = Money::FromDouble(payment.interest);
 
   result_.payments.push_back(payment);

@@ -28,8 +28,8 @@ class ProgressiveCalculation {
   explicit ProgressiveCalculation(Debt debt);
 
   /// A payment of `amount` on `date` with its days and its interest by the rounding rule. `periods`
-  /// are those of the repo regime (RepoPeriods); else there are none. A kind
-  /// that nobody knows computes nothing. Nothing is recorded yet.
+  /// are those of the repo regime (RepoPeriods); else there are none. An unknown kind computes
+  /// nothing. Nothing is recorded yet.
   Payment Compute(Date date, Money amount, Rounding rounding,
                   std::vector<InterestPeriod> periods = {}) const;
 

@@ -17,7 +17,7 @@ enum class Rounding {
   kNone,
   kUpToTenHaler,
   kToCrowns,
-  kUnknown,  ///< a word of a foreign store: rounds nothing, nowhere
+  kUnknown,  ///< any other word in the store: rounds nothing, not even payments to two decimals
 };
 
 /// The rules' words, as the settings store them.

@@ -11,8 +11,8 @@
 #include "values/locale.h"
 #include "values/money.h"
 
-/// What the bank's two tables say of a day or of a delay. The rows are taken as they come; whoever
-/// asks relies on their order.
+/// What the bank's two tables say of a day or of a delay. Their rows have to be in ascending order
+/// of date, which nothing here checks (engine/check_rates.h does).
 namespace velta {
 
 /// Both tables as they lie in the program's folder.
@@ -25,10 +25,9 @@ struct BankTables {
 /// in force. Errors are those of ReadFile, ParseCnbRow and ParseRepoRow.
 BankTables ReadBankTables(const std::string& folder, Date today, const LocaleFormat& locale);
 
-/// The row of the discount table that is in force on `day`. The last row comes first, then the
-/// first one, which serves all days before it too, then those between: where rows overlap, that
-/// decides. None where the day falls between two rows. An empty table: Error 13, as its dates are
-/// none.
+/// The row of the discount table that is in force on `day`. The first one serves all days before
+/// it too, the last one all days after it. Where rows overlap, the last row wins, then the first,
+/// then the lowest. None where the day falls between two rows. An empty table: Error 13.
 std::optional<std::size_t> DiscountRow(const std::vector<CnbRow>& rows, Date day);
 
 /// The row of the half-year in which `day` lies: the first one of its year or, from July on, the

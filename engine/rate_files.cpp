@@ -35,7 +35,7 @@ Date ParseDottedDate(std::string_view text) {
 }  // namespace
 
 std::string_view Trimmed(std::string_view text) {
-  // Ctrl-Z: with it old editors end a file.
+  // \x1A is Ctrl-Z, with which old editors end a file.
   constexpr std::string_view kBlanks = " \t\r\x1A";
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == text.npos) return {};

@@ -16,8 +16,7 @@ namespace velta {
 
 /// Hands every line to `use`, without the blanks around it; lines that are empty then are left out.
 /// Lines end with CR LF or LF; a byte order mark and a closing Ctrl-Z do not count. Errors are
-/// those of ReadFile (values/file.h). What was handed out before `use` throws was
-/// handed out for good.
+/// those of ReadFile (values/file.h); what `use` throws ends the reading.
 void ForEachLine(const std::string& path, const std::function<void(std::string_view)>& use);
 
 /// What stands in `width` columns of a line from column `first` on (they count from 1), with its

@@ -53,7 +53,8 @@ std::string_view SkipGrouping(std::string_view text, const std::string& group) {
 
 bool TakeUnit(std::string_view& text) { return Take(text, kUnit) || Take(text, kUnitOfBanks); }
 
-/// ",-" and its like; there either separator is clear.
+/// Takes ",-" and its like, which say that there are no hellers. Before a dash "." and "," both can
+/// only be the decimal separator.
 bool TakeNoHellers(std::string_view& text) {
   std::string_view rest = text;
   if (!Take(rest, ",") && !Take(rest, ".")) return false;

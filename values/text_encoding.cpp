@@ -9,8 +9,7 @@ namespace {
 
 constexpr unsigned kFirstBeyondAscii = 0x80;
 
-// What the bytes from 0x80 on mean. Of the platform it cannot be asked: Qt knows this encoding or
-// not, as it was built.
+// Windows-1250 from 0x80 on. The table is our own, for not every build of Qt knows that encoding.
 constexpr std::array<std::string_view, 128> kWindows1250 = {
     "€",      "\uFFFD", "‚", "\uFFFD", "„", "…",      "†", "‡",  //
     "\uFFFD", "‰",      "Š", "‹",      "Ś", "Ť",      "Ž", "Ź",  //

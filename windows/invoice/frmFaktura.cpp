@@ -174,7 +174,7 @@ InvoiceParty frmFaktura::Party(std::size_t first_field) const {
 }
 
 Date frmFaktura::DueDate() const {
-  // Of a part of a day nothing counts.
+  // Only whole days count.
   const double days =
       std::floor(ToDouble(txtFaktura.at(kDaysUntilDue).text(), program_.platform.locale));
   if (std::abs(days) > std::numeric_limits<int>::max()) throw Error(ErrorNumber::kOverflow);

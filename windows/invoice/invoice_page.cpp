@@ -135,7 +135,7 @@ void WriteHead(Page& page, const Invoice& invoice, const ProgramSettings& settin
   page.WriteAt(kLabel, "Penalizační faktura číslo : " + invoice.number);
   page.EndLine();
   Rule(page);
-  // The symbol has its place up to column 50.
+  // The empty cell ends the room of the symbol before column 51.
   Boxed(page, {{kLabel, "Variabilní symbol"}, {kHeadValue, invoice.number}, {51, ""}});
   Boxed(page, {{kLabel, "Datum vystavení"}, {kHeadValue, ShortDateText(invoice.issued, locale)}});
   Boxed(page, {{kLabel, "Datum splatnosti"}, {kHeadValue, ShortDateText(invoice.due, locale)}});
@@ -182,8 +182,8 @@ void WriteBody(Page& page, const Invoice& invoice, const SingleResult& result,
   WriteRate(page, result, locale);
 }
 
-// Of the bank's kinds the texts differ from those of the single calculation, and a typed rate
-// stands one column further left.
+// On purpose the texts of the bank's kinds differ from those of the single calculation, and a typed
+// rate stands one column further left.
 void WriteRate(Page& page, const ProgressiveResult& result, const LocaleFormat& locale) {
   switch (result.kind) {
     case RateKind::kDiscount:
@@ -195,7 +195,7 @@ void WriteRate(Page& page, const ProgressiveResult& result, const LocaleFormat& 
   }
 }
 
-/// A row of the table of payments. Only sums of trillions do not stand beside each other.
+/// A row of the table of payments, in two lines where its sums (of trillions) need that much room.
 void WritePayment(Page& page, const std::string& date, const std::string& amount,
                   const std::string& balance, const std::string& interest) {
   const std::vector<Cell> cells = {
@@ -215,8 +215,8 @@ void WriteBody(Page& page, const Invoice& invoice, const ProgressiveResult& resu
   EmptyBoxed(page, 1);
   WritePayment(page, "Datum úhrady", "Výše úhrady", "Zůstatek dluhu", "Úrok z prod.");
   for (const Payment& payment : result.payments) {
-    // What the payment adds to the total, so that the column adds up to the invoiced amount. Only
-    // the interest of one single half-year is exact here and rounded there.
+    // What the payment adds to the total, so that the column adds up to the invoiced amount. Where
+    // one half-year is the whole calculation, that amount is rounded and this interest is not.
     WritePayment(page, ShortDateText(payment.date, locale), CurrencyText(payment.amount, locale),
                  CurrencyText(payment.balance, locale), CurrencyText(payment.interest_sum, locale));
   }
@@ -246,7 +246,7 @@ void WriteFoot(Page& page, const ProgramSettings& settings, int above, int below
   page.EndLine();
 }
 
-/// The foot at the foot of a page: of this one where it has room for it.
+/// Writes the foot at the end of this page or, where it has no room there, of the next one.
 void FillWithFoot(Page& page, const ProgramSettings& settings) {
   Page foot("");
   WriteFoot(foot, settings, 0, 0);

@@ -72,7 +72,7 @@ bool HasRightCheck(std::string_view digits) {
   return sum % 11 == 0;
 }
 
-/// Of a Czech account number.
+/// The IBAN of a Czech account number; nullopt where the text is no right one.
 std::optional<std::string> IbanOfNumber(std::string_view text) {
   constexpr std::size_t kPrefix = 6;
   constexpr std::size_t kNumber = 10;
@@ -134,8 +134,8 @@ std::string WithoutBlanks(std::string text) {
   return text;
 }
 
-/// Whether what stands before a word may be the beginning of its number, written in groups or with
-/// an odd hyphen: the end alone may be the right number of somebody else's account.
+/// Whether a number may have begun before a word, written in groups or with an odd hyphen, and only
+/// end in it. Such a word is no account: by itself it may be the right number of somebody else's.
 bool MayGoOnIn(std::string_view before) {
   const std::size_t digit = before.find_last_of("0123456789");
   if (digit == std::string_view::npos) return false;
@@ -166,7 +166,7 @@ std::string Message(std::string_view invoice_number) {
   std::string message = "PENALIZACNI FAKTURA";
   if (!invoice_number.empty()) message += " " + Escaped(invoice_number);
   if (message.size() <= kLongest) return message;
-  // Nothing of an escaped character may stay.
+  // Never cut through an escaped character: a piece of "%2A" would spoil the code.
   const std::size_t escape = message.find('%', kLongest - 2);
   return message.substr(0, std::min(escape, kLongest));
 }

@@ -63,7 +63,7 @@ void frmNastaveni::MakePages() {
 void frmNastaveni::WireEvents() {
   for (std::size_t page = 0; page < optFramy.size(); ++page) {
     OnClick(optFramy.at(page), [this, page] { ShowPage(page); });
-    // It is shown already, but its first box gets the keyboard.
+    // A click on the page that is shown already puts the keyboard into its first box.
     OnClickAgain(optFramy.at(page), [this, page] { ShowPage(page); });
   }
   for (std::size_t i = 0; i < optZaok.size(); ++i) {
@@ -111,7 +111,7 @@ void frmNastaveni::OnLoad() {
   cmdPouzit.SetEnabled(false);
   ShowSettings();
   cmdPouzit.SetEnabled(true);
-  // The tables last: without their files everything else is there all the same.
+  // The tables come last, so that without their files everything else is there all the same.
   ShowDiscountRates();
   ShowRepoRates();
 }
@@ -149,7 +149,7 @@ void frmNastaveni::ShowSettings() {
     texts.at(i)->SetText(settings_.GetSetting(setting.key, setting.default_value));
   }
   settings_.ReloadRounding();
-  // Chosen by the word in the store: the record says "NE" also where there is none.
+  // By the word in the store and not by the record, which says "NE" also where nothing is stored.
   const std::string rounding = settings_.GetSetting(kRoundingKey);
   for (std::size_t i = 0; i < optZaok.size(); ++i) {
     if (rounding == kRoundingOptions.at(i).rule) optZaok.at(i).Choose();
