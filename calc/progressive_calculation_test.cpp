@@ -49,13 +49,14 @@ std::vector<InterestPeriod> Periods(const ProgressiveCalculation& calculation, D
 }
 
 std::variant<Payment, Refusal> TryToPay(ProgressiveCalculation& calculation, Date paid,
-                                        const char* amount) {
-  return calculation.Add(
-      calculation.Compute(paid, Crowns(amount), Periods(calculation, paid, Crowns(amount))));
+                                        const char* amount, Rounding rounding = Rule::kNone) {
+  return calculation.Add(calculation.Compute(paid, Crowns(amount), rounding,
+                                             Periods(calculation, paid, Crowns(amount))));
 }
 
-Payment Pay(ProgressiveCalculation& calculation, Date paid, const char* amount) {
-  return std::get<Payment>(TryToPay(calculation, paid, amount));
+Payment Pay(ProgressiveCalculation& calculation, Date paid, const char* amount,
+            Rounding rounding = Rule::kNone) {
+  return std::get<Payment>(TryToPay(calculation, paid, amount, rounding));
 }
 
 std::vector<double> Interests(const ProgressiveCalculation& calculation) {
@@ -117,8 +118,9 @@ const KindCase kKinds[] = {
 TEST(ProgressiveCalculationTest, APaymentBearsInterestOnItsOwnAmount) {
   for (const KindCase& c : kKinds) {
     SCOPED_TRACE(c.name);
-    ProgressiveCalculation calculation(DebtOf("900000000000", c.kind, c.rate), c.rounding);
-    const Payment payment = calculation.Compute(AddDays(kDue, c.days), Crowns(c.payment));
+    ProgressiveCalculation calculation(DebtOf("900000000000", c.kind, c.rate));
+    const Payment payment =
+        calculation.Compute(AddDays(kDue, c.days), Crowns(c.payment), c.rounding);
     EXPECT_EQ(PlainText(payment.interest, kCzech), c.interest);
     EXPECT_EQ(payment.days, c.days);
     EXPECT_EQ(payment.date, AddDays(kDue, c.days));
@@ -130,9 +132,8 @@ TEST(ProgressiveCalculationTest, APaymentBearsInterestOnItsOwnAmount) {
 
 TEST(ProgressiveCalculationTest, ARepoPaymentIsRoundedOnceOverAllHalfYears) {
   // 13,0137 + 11,9863: each rounded up to 10 haléř would make 25,10.
-  ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2005, 6, 20)),
-                                     Rule::kUpToTenHaler);
-  const Payment payment = Pay(calculation, Day(2005, 7, 10), "5000");
+  ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2005, 6, 20)));
+  const Payment payment = Pay(calculation, Day(2005, 7, 10), "5000", Rule::kUpToTenHaler);
   ASSERT_EQ(payment.periods.size(), 2U);
   EXPECT_EQ(payment.periods[0].interest, 13.0137);
   EXPECT_EQ(payment.periods[1].interest, 11.9863);
@@ -147,7 +148,7 @@ TEST(ProgressiveCalculationTest, AnUnknownKindRepeatsTheInterestOfThePaymentBefo
   Debt debt = SampleDebt();
   debt.kind = Kind::kUnknown;
   debt.kind_text = "% měsíčně";
-  ProgressiveCalculation calculation(std::move(debt), Rule::kNone);
+  ProgressiveCalculation calculation(std::move(debt));
   Pay(calculation, Day(2004, 1, 31), "5000");
   Pay(calculation, Day(2004, 3, 1), "2000");
   EXPECT_THAT(Interests(calculation), ElementsAre(0, 0)) << "there was none";
@@ -155,8 +156,7 @@ TEST(ProgressiveCalculationTest, AnUnknownKindRepeatsTheInterestOfThePaymentBefo
 }
 
 TEST(ProgressiveCalculationTest, APaymentThatIsRecordedAgainAddsTheSame) {
-  ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2005, 6, 20)),
-                                     Rule::kNone);
+  ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2005, 6, 20)));
   const Payment payment = Pay(calculation, Day(2005, 7, 10), "5000");
   EXPECT_EQ(std::get<Payment>(calculation.Add(payment)).interest_sum, Crowns("25"));
   EXPECT_EQ(calculation.total(), Crowns("50"));
@@ -165,8 +165,7 @@ TEST(ProgressiveCalculationTest, APaymentThatIsRecordedAgainAddsTheSame) {
 // --- Balance and total -------------------------------------------------------------------------
 
 TEST(ProgressiveCalculationTest, StartsWithTheDebt) {
-  const ProgressiveCalculation calculation(DebtOf("10000", Kind::kPercentYearly, 8.5F),
-                                           Rule::kNone);
+  const ProgressiveCalculation calculation(DebtOf("10000", Kind::kPercentYearly, 8.5F));
   EXPECT_EQ(Told(calculation), "10000 left, interest 0 of 0");
   EXPECT_EQ(calculation.result().due_date, kDue);
   EXPECT_EQ(calculation.result().kind, Kind::kPercentYearly);
@@ -188,9 +187,9 @@ TEST(ProgressiveCalculationTest, EveryPaymentIsRoundedAndTheTotalIsTheirSum) {
       {"a foreign word: nothing", Rule::kUnknown, "123,2877"}  // 41,0959 + 82,1918
   };
   for (const RoundingCase& c : cases) {
-    ProgressiveCalculation calculation(SampleDebt(), c.rounding);
-    Pay(calculation, Day(2004, 1, 31), "5000");
-    Pay(calculation, Day(2004, 3, 1), "5000");
+    ProgressiveCalculation calculation(SampleDebt());
+    Pay(calculation, Day(2004, 1, 31), "5000", c.rounding);
+    Pay(calculation, Day(2004, 3, 1), "5000", c.rounding);
     EXPECT_EQ(calculation.total(), Crowns(c.told)) << c.name;
     EXPECT_EQ(calculation.interest_count(), 2) << c.name;
     EXPECT_TRUE(calculation.finished()) << c.name;
@@ -198,7 +197,7 @@ TEST(ProgressiveCalculationTest, EveryPaymentIsRoundedAndTheTotalIsTheirSum) {
 }
 
 TEST(ProgressiveCalculationTest, TellsBalanceAndTotalAfterEveryPayment) {
-  ProgressiveCalculation calculation(SampleDebt(), Rule::kNone);
+  ProgressiveCalculation calculation(SampleDebt());
   Pay(calculation, Day(2004, 1, 31), "4000");
   EXPECT_EQ(Told(calculation),
             "6000 left, interest 32,88 of 1; 4000 to 31.1.2004, then 6000, 32,88");
@@ -230,7 +229,7 @@ TEST(ProgressiveCalculationTest, IsFinishedWhenNothingIsLeft) {
                                {"0", "0", "0", true},
                                {"922337203685477,5807", "922337203685477,5807", "0", true}}) {
     SCOPED_TRACE(c.debt);
-    ProgressiveCalculation calculation(DebtOf(c.debt, Kind::kPercentYearly, 0), Rule::kNone);
+    ProgressiveCalculation calculation(DebtOf(c.debt, Kind::kPercentYearly, 0));
     EXPECT_FALSE(calculation.finished()) << "nothing is paid yet";
     EXPECT_EQ(Pay(calculation, Day(2004, 1, 31), c.payment).balance, Crowns(c.balance));
     EXPECT_EQ(calculation.balance(), Crowns(c.balance));
@@ -239,7 +238,7 @@ TEST(ProgressiveCalculationTest, IsFinishedWhenNothingIsLeft) {
 }
 
 TEST(ProgressiveCalculationTest, ThreeThirdsEndAtZero) {
-  ProgressiveCalculation calculation(SampleDebt(), Rule::kNone);
+  ProgressiveCalculation calculation(SampleDebt());
   Pay(calculation, Day(2004, 1, 31), "3333,33");
   Pay(calculation, Day(2004, 1, 31), "3333,33");
   EXPECT_FALSE(calculation.finished());
@@ -256,15 +255,14 @@ TEST(ProgressiveCalculationTest, OneHalfYearIsRoundedWhenItIsTheWholeTotal) {
                                 {"to crowns", Rule::kToCrowns, "163"},
                                 {"a foreign word: nothing", Rule::kUnknown, "162,7397"}};
   for (const RoundingCase& c : cases) {
-    ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2006, 3, 15)),
-                                       c.rounding);
-    Pay(calculation, Day(2006, 5, 20), "10000");
+    ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2006, 3, 15)));
+    Pay(calculation, Day(2006, 5, 20), "10000", c.rounding);
     EXPECT_EQ(calculation.total(), Crowns(c.told)) << c.name;
 
     // Paid in two, the exact interests are summed up: 65,0959 and 97,6438.
-    ProgressiveCalculation in_two(DebtOf("10000", Kind::kRepo, 0, Day(2006, 3, 15)), c.rounding);
-    Pay(in_two, Day(2006, 5, 20), "4000");
-    Pay(in_two, Day(2006, 5, 20), "6000");
+    ProgressiveCalculation in_two(DebtOf("10000", Kind::kRepo, 0, Day(2006, 3, 15)));
+    Pay(in_two, Day(2006, 5, 20), "4000", c.rounding);
+    Pay(in_two, Day(2006, 5, 20), "6000", c.rounding);
     EXPECT_EQ(in_two.total(), Crowns("162,7397")) << c.name;
   }
 }
@@ -272,11 +270,11 @@ TEST(ProgressiveCalculationTest, OneHalfYearIsRoundedWhenItIsTheWholeTotal) {
 TEST(ProgressiveCalculationTest, ManyHalfYearsAreSummedExactly) {
   for (const Rounding rounding :
        {Rule::kNone, Rule::kUpToTenHaler, Rule::kToCrowns, Rule::kUnknown}) {
-    ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2006, 5, 10)), rounding);
-    Pay(calculation, Day(2006, 6, 10), "4000");  // 30,5753
-    Pay(calculation, Day(2006, 9, 1), "2500");   // 31,4384 + 38,8356
+    ProgressiveCalculation calculation(DebtOf("10000", Kind::kRepo, 0, Day(2006, 5, 10)));
+    Pay(calculation, Day(2006, 6, 10), "4000", rounding);  // 30,5753
+    Pay(calculation, Day(2006, 9, 1), "2500", rounding);   // 31,4384 + 38,8356
     EXPECT_EQ(calculation.total(), Crowns("100,8493"));
-    Pay(calculation, Day(2007, 1, 15), "3500");  // 44,0137 + 158,7945 + 13,6644
+    Pay(calculation, Day(2007, 1, 15), "3500", rounding);  // 44,0137 + 158,7945 + 13,6644
     EXPECT_EQ(calculation.total(), Crowns("317,3219"));
     EXPECT_EQ(calculation.interest_count(), 6);
     EXPECT_TRUE(calculation.finished());
@@ -284,8 +282,7 @@ TEST(ProgressiveCalculationTest, ManyHalfYearsAreSummedExactly) {
 }
 
 TEST(ProgressiveCalculationTest, OfLargeAmountsTheTotalKeepsEveryUnit) {
-  ProgressiveCalculation calculation(DebtOf("767254256254974", Kind::kRepo, 0, Day(2006, 3, 15)),
-                                     Rule::kNone);
+  ProgressiveCalculation calculation(DebtOf("767254256254974", Kind::kRepo, 0, Day(2006, 3, 15)));
   Pay(calculation, Day(2006, 5, 20), "767254256254973");  // 12 486 274 745 628,9000
   Pay(calculation, Day(2006, 5, 20), "1");                // 0,0163
   EXPECT_EQ(calculation.total(), Crowns("12486274745628,9163"));
@@ -294,7 +291,7 @@ TEST(ProgressiveCalculationTest, OfLargeAmountsTheTotalKeepsEveryUnit) {
 // --- What is not recorded ----------------------------------------------------------------------
 
 TEST(ProgressiveCalculationTest, MoreThanTheBalanceIsRefusedAndChangesNothing) {
-  ProgressiveCalculation calculation(SampleDebt(), Rule::kNone);
+  ProgressiveCalculation calculation(SampleDebt());
   EXPECT_EQ(std::get<Refusal>(TryToPay(calculation, Day(2004, 1, 31), "10000,0001")),
             Refusal::kMoreThanBalance);
   Pay(calculation, Day(2004, 1, 31), "4000");
@@ -308,7 +305,7 @@ TEST(ProgressiveCalculationTest, MoreThanTheBalanceIsRefusedAndChangesNothing) {
 
 TEST(ProgressiveCalculationTest, AnAmountOutOfRangeChangesNothing) {
   // At 50 000 000 000 000 000 % a day 1 Kč bears 500 000 000 000 000 Kč: once, not twice.
-  ProgressiveCalculation total(DebtOf("10", Kind::kPercentDaily, 5e16F), Rule::kNone);
+  ProgressiveCalculation total(DebtOf("10", Kind::kPercentDaily, 5e16F));
   Pay(total, AddDays(kDue, 1), "1");
   std::string told = Told(total);
   EXPECT_EQ(Thrown([&] { Pay(total, AddDays(kDue, 1), "1"); }), ErrorNumber::kOverflow);
@@ -319,16 +316,16 @@ TEST(ProgressiveCalculationTest, AnAmountOutOfRangeChangesNothing) {
   Pay(total, AddDays(kDue, 1), "0,5");
   EXPECT_EQ(total.result().payments.size(), 2U);
 
-  ProgressiveCalculation credit(DebtOf("-900000000000000", Kind::kPercentYearly, 0), Rule::kNone);
+  ProgressiveCalculation credit(DebtOf("-900000000000000", Kind::kPercentYearly, 0));
   told = Told(credit);
   EXPECT_EQ(Thrown([&] { Pay(credit, AddDays(kDue, 1), "900000000000000"); }),
             ErrorNumber::kOverflow);
   EXPECT_EQ(Told(credit), told);
 
-  ProgressiveCalculation repo(DebtOf("900000000000000", Kind::kRepo, 0, Day(2006, 3, 15)),
-                              Rule::kNone);
+  ProgressiveCalculation repo(DebtOf("900000000000000", Kind::kRepo, 0, Day(2006, 3, 15)));
   told = Told(repo);
-  Payment payment = repo.Compute(Day(2006, 5, 20), Crowns("1"), std::vector<InterestPeriod>(2));
+  Payment payment =
+      repo.Compute(Day(2006, 5, 20), Crowns("1"), Rule::kNone, std::vector<InterestPeriod>(2));
   payment.periods[0].interest = payment.periods[1].interest = 9e14;
   EXPECT_EQ(Thrown([&] { repo.Add(payment); }), ErrorNumber::kOverflow);
   EXPECT_EQ(Told(repo), told);
@@ -353,8 +350,8 @@ TEST(ProgressiveCalculationTest, OnePaymentOfTheWholeDebtBearsWhatASingleCalcula
         const auto single = std::get<SingleResult>(
             SingleCalculation({due, paid, amount, kind, rate}, Supplied(), rounding));
         ProgressiveCalculation calculation(
-            {due, amount, kind, std::string(Text(kind)), single.rate}, rounding);
-        calculation.Add(calculation.Compute(paid, amount, single.periods));
+            {due, amount, kind, std::string(Text(kind)), single.rate});
+        calculation.Add(calculation.Compute(paid, amount, rounding, single.periods));
         ASSERT_TRUE(calculation.finished());
         ASSERT_EQ(Interests(calculation), std::vector<double>{single.interest})
             << Text(kind) << ' ' << days;
