@@ -160,16 +160,6 @@ TEST_F(frmPostupnyTest, TypedRateThatIsNoNumberStopsSilentlyWithTheInvoiceLocked
   ExpectInvoiceLocked(false);
 }
 
-TEST_F(frmPostupnyTest, RateBeyondSinglePrecisionIsReportedUnderTheCalculation) {
-  Open();
-  EnterInvoice("10000", Day(2004, 1, 1), kPercentYearly, std::string(40, '9'));
-  Pay(Day(2004, 1, 31), "5000");
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 6 (Přetečení) v proceduře\r\n"
-                                   "(UdelejVypocet) of (frmPostupny.frm)."));
-  ExpectInvoiceLocked(true);
-  ExpectNothingRecorded();
-}
-
 // What the routine itself refuses; the button has refused it before.
 TEST_F(frmPostupnyTest, CalculationCalledByItselfLooksAtItsInputsAgain) {
   Open();

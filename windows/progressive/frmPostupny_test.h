@@ -32,7 +32,8 @@ inline constexpr const char* kHeading =
     "****************************************************\r\n";
 
 /// The progressive window in a program in memory, and what its tests do and look at. The tests
-/// stand in the files beside this one, by subject.
+/// stand in the files beside this one, by subject; what the window has in common with the single
+/// one is tried in calculation_form_test.cpp.
 class frmPostupnyTest : public ProgramTest {
  protected:
   frmPostupnyTest() {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -28,6 +29,7 @@ constexpr const char* kToDiscount = "Měním na DISKONTNÍ sazbu";
 constexpr const char* kNoRate = "Nenalezena sazba pro zadané období";
 constexpr const char* kDueTooHigh = "Nelze najít sazbu, zadali jste vysoké datum splatnosti";
 
+// What it has in common with the progressive window is tried in calculation_form_test.cpp.
 class frmJednotlivyTest : public ProgramTest {
  protected:
   frmJednotlivyTest() {
@@ -65,11 +67,6 @@ TEST_F(frmJednotlivyTest, OpensWithItsCaptions) {
   EXPECT_EQ(form.fraDatJed.caption(), "Zadání data");
   EXPECT_EQ(form.fraDluJed.caption(), "Zadání dlužné částky a sazby");
   EXPECT_EQ(form.fraVysJed.caption(), "Výsledek");
-  EXPECT_EQ(form.cmdNovy.caption(), "Nový &výpočet");
-  EXPECT_EQ(form.cmdTiskVyp.caption(), "&Tisk výpočtu");
-  EXPECT_EQ(form.cmdTiskFa.caption(), "Tisk &faktury");
-  EXPECT_EQ(form.cmdKonec.caption(), "&Konec");
-  EXPECT_EQ(form.cmdHelp.caption(), "&Nápověda");
   std::vector<std::string> labels;
   for (const ui::Label& label : form.lblPopis) labels.push_back(label.caption());
   EXPECT_THAT(labels,
@@ -94,92 +91,6 @@ TEST_F(frmJednotlivyTest, OpensWithFifteenDaysAndWithoutAMessage) {
   EXPECT_THAT(Shown(), ElementsAre());
   EXPECT_EQ(HintText(), "Datum vyberte klepnutím na šipku, nebo přepište ručně")
       << "the first input has the focus";
-}
-
-TEST_F(frmJednotlivyTest, OffersTheSixKindsOfRate) {
-  const frmJednotlivy& form = Open();
-  EXPECT_THAT(form.cboDruhSazby.items(),
-              ElementsAre("% denně", "% ročně", "‰ denně", "‰ ročně", "Dle Diskontní sazby ČNB",
-                          "Dle Repo sazby ČNB"));
-  EXPECT_EQ(form.cboDruhSazby.index(), 1);
-  EXPECT_EQ(form.cboDruhSazby.tool_tip(), "Vyberte si z nabídky sazbu");
-}
-
-TEST_F(frmJednotlivyTest, LoadSetsTheSharedFlags) {
-  state().CalculationFinished = true;
-  state().ReportText = "starý";
-  Open();
-  EXPECT_FALSE(state().CalculationFinished);
-  EXPECT_TRUE(state().SingleFormOpen);
-  EXPECT_TRUE(state().SingleIsCurrent);
-  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
-  EXPECT_EQ(state().ReportText, "");
-  EXPECT_EQ(calculations_.current(), form_);
-}
-
-TEST_F(frmJednotlivyTest, LoadClosesAnOpenProgressiveWindowFirst) {
-  bool single_was_current = true;
-  RegisterOther("frmPostupny", [&] {
-    single_was_current = state().SingleIsCurrent;
-    state().ProgressiveFormOpen = false;
-  });
-  windows().Open("frmPostupny");
-  state().ProgressiveFormOpen = true;
-  Open();
-  EXPECT_FALSE(windows().IsLoaded("frmPostupny"));
-  EXPECT_FALSE(single_was_current) << "it unloads before this window loads its part";
-}
-
-TEST_F(frmJednotlivyTest, OpeningAgainKeepsTheContents) {
-  Open().txtDluznaCastka.UserEdit("123");
-  const frmJednotlivy* first = form_;
-  EXPECT_EQ(&Open(), first);
-  EXPECT_EQ(form_->txtDluznaCastka.text(), "123");
-}
-
-TEST_F(frmJednotlivyTest, FocusAndPointerHints) {
-  frmJednotlivy& form = Open();
-  struct Row {
-    ui::Control* control;
-    const char* focus;
-    const char* pointer;
-  };
-  constexpr const char* kNone = "(beze změny)";
-  const std::vector<Row> rows = {
-      {&form.dtpSplatnost, "Datum vyberte klepnutím na šipku, nebo přepište ručně",
-       "Vyberte datum klepnutím na šipku"},
-      {&form.dtpZaplaceni, "Datum vyberte klepnutím na šipku, nebo přepište ručně",
-       "Vyberte datum klepnutím na šipku"},
-      {&form.txtDluznaCastka, "Zadejte dlužnou částku", kNone},
-      {&form.txtVyseSazby, "Zadejte výši úrokové sazby", kNone},
-      {&form.cboDruhSazby, "Vyberte z nabídky druh sazby ", kNone},
-      {&form.cmdNovy, "Nový výpočet", "Nový výpočet"},
-      {&form.cmdTiskVyp, "Tisk výpočtu", "Tisk výpočtu"},
-      {&form.cmdTiskFa, "Tisk faktury", "Tisk faktury"},
-      {&form.cmdKonec, "Zavřít okno", "Zavřít okno"},
-      {&form.cmdHelp, "Vyvolá nápovědu s tématem", "Vyvolá nápovědu s tématem"},
-      {&form.lblPocetDnu, kNone, "Trvání dluhu ve dnech"},
-      {&form.lblPenale, kNone, "Vypočtený úrok z prodlení"},
-      {&form.lblPenaleDluh, kNone, "Úrok z prodlení s dlužnou částkou"},
-      {&form.fraDatJed, kNone, "Připraven"},
-      {&form.fraDluJed, kNone, "Připraven"},
-      {&form.fraVysJed, kNone, "Připraven"},
-      {&form.txtReport, kNone, kNone},
-      {form.lblPopis.data(), kNone, kNone},
-  };
-  for (const Row& row : rows) {
-    form.cmdKonec.SetFocus();
-    if (row.control == &form.cmdKonec) form.cmdHelp.SetFocus();
-    lblMSG_.SetCaption(kNone);
-    row.control->SetFocus();
-    EXPECT_EQ(HintText(), row.focus) << row.control->name() << " on focus";
-    lblMSG_.SetCaption(kNone);
-    row.control->UserHover();
-    EXPECT_EQ(HintText(), row.pointer) << row.control->name() << " under the pointer";
-  }
-  lblMSG_.SetCaption(kNone);
-  form.MouseMove.Raise();
-  EXPECT_EQ(HintText(), "Připraven");
 }
 
 TEST_F(frmJednotlivyTest, ChosenKindIsToldInTheStatusLine) {
@@ -261,34 +172,6 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"NegativeRate", "NE", "10000", 1, "-1", 365, "-100,00 Kč", "9 900,00 Kč"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-TEST_F(frmJednotlivyTest, MistypedDateIsAskedForAgain) {
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  for (ui::DatePicker* picker : {&form_->dtpSplatnost, &form_->dtpZaplaceni}) {
-    EXPECT_TRUE(picker->UserMistype());
-    EXPECT_EQ(memory_.message_box.shown.at(0).icon, ui::Icon::kCritical);
-    EXPECT_THAT(Shown(),
-                ElementsAre("Datum je chybně zadáno, zadejte je například takto: 31.12.2005\r\n"
-                            "Původní datum vrátí klávesa Esc"));
-    EXPECT_EQ(form_->focused(), picker);
-  }
-  EXPECT_EQ(form_->lblPocetDnu.caption(), "365");
-}
-
-TEST_F(frmJednotlivyTest, MistypedDateBringsBackTheWindowThatTheUserLeft) {
-  Open();
-  windows().Open("frmFaktura");
-  form_->dtpSplatnost.UserMistype();
-  EXPECT_EQ(windows().active(), form_) << "from another window its calculation would be printed";
-}
-
-TEST_F(frmJednotlivyTest, MistypedDateDoesNotBringBackAWindowThatIsGone) {
-  Open();
-  memory_.message_box.on_show = [this](const auto&) { windows().Unload("frmJednotlivy"); };
-  form_->dtpSplatnost.UserMistype();
-  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
-}
-
 TEST_F(frmJednotlivyTest, DatesThatAreNotInOrderAreRefused) {
   Open();
   Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
@@ -360,20 +243,6 @@ TEST_F(frmJednotlivyTest, SecondCalculationReplacesTheReport) {
   EXPECT_EQ(form_->txtReport.text(), state().ReportText);
 }
 
-TEST_F(frmJednotlivyTest, PublishesTheSharedValues) {
-  SetRounding("halere");
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 2), "10000", 1, "10");
-  EXPECT_EQ(state().DueDate, Day(2023, 1, 1));
-  EXPECT_EQ(state().PaymentDate, Day(2024, 1, 2));
-  EXPECT_EQ(state().DaysLate, 366);
-  EXPECT_EQ(state().BaseAmount, Money::FromUnits(100'000'000));
-  EXPECT_EQ(state().RateValue, 10.0F);
-  EXPECT_EQ(state().RateKindText, "% ročně");
-  EXPECT_DOUBLE_EQ(state().InterestAmount, 1002.8);
-  EXPECT_EQ(state().AmountWithInterest, Money::FromUnits(110'028'000));
-}
-
 // --- the bank's regimes
 // ---------------------------------------------------------------------------
 
@@ -441,13 +310,12 @@ TEST_F(frmJednotlivyTest, RateOfAnEarlierSearchIsNoAnswerToTheNextOne) {
   EXPECT_EQ(form_->lblPenale.caption(), interest);
 }
 
-TEST_F(frmJednotlivyTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
+TEST_F(frmJednotlivyTest, EmptyTablesAreToldWithEveryChangeAndTypedRatesWork) {
   RateFolder folder;
   folder.Write("cnb.dat", "");
   folder.Write("repo.dat", "");
   memory_.program_folder.path = folder.path();
   Open();
-  EXPECT_THAT(Shown(), ElementsAre()) << "an empty table is no error when it is loaded";
   form_->txtDluznaCastka.UserEdit("10000");
   form_->dtpSplatnost.UserPick(Day(2005, 3, 10));
   form_->cboDruhSazby.UserPick(kDiscount);
@@ -461,58 +329,13 @@ TEST_F(frmJednotlivyTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
   EXPECT_NE(form_->lblPenale.caption(), "") << "typed rates work";
 }
 
-TEST_F(frmJednotlivyTest, MissingRateFilesAreReportedOnceAndTypedRatesWork) {
-  RateFolder folder;
-  memory_.program_folder.path = folder.path();
-  Open();
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(Form_Load) of (frmPocitejCNB.frm).",
-                                   "Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(Form_Load) of (frmJednotlivy.frm)."));
-  ASSERT_TRUE(windows().IsLoaded("frmJednotlivy"));
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  EXPECT_EQ(form_->lblPenale.caption(), "1 000,00 Kč");
-  form_->cboDruhSazby.UserPick(kRepo);
-  EXPECT_THAT(Shown(), Contains(kNoRate));
-  EXPECT_EQ(form_->lblPenale.caption(), "1 000,00 Kč");
-}
-
-TEST_F(frmJednotlivyTest, DueDateDecidesTheRegime) {
-  struct Row {
-    Date due;
-    int chosen;
-    int final_kind;
-    std::vector<std::string> messages;
-  };
-  const std::vector<Row> rows = {
-      {Day(2005, 4, 27), kRepo, kDiscount, {kToDiscount}},
-      {Day(2005, 4, 28), kDiscount, kRepo, {kToRepo}},
-      {Day(2005, 4, 27), kDiscount, kDiscount, {}},
-      {Day(2005, 4, 28), kRepo, kRepo, {}},
-  };
-  for (const Row& row : rows) {
-    Open();
-    form_->dtpSplatnost.UserPick(row.due);
-    form_->txtDluznaCastka.UserEdit("10000");
-    form_->txtVyseSazby.UserEdit("10");
-    Shown();
-    form_->cboDruhSazby.UserPick(row.chosen);
-    for (const auto& box : memory_.message_box.shown) EXPECT_EQ(box.icon, ui::Icon::kInformation);
-    EXPECT_EQ(Shown(), row.messages);
-    EXPECT_EQ(form_->cboDruhSazby.index(), row.final_kind);
-    EXPECT_EQ(HintText(), "Vybraná sazba : " + form_->cboDruhSazby.text());
-    memory_.event_loop.RunUntilIdle();
-    EXPECT_NE(form_->lblPenale.caption(), "");
-    windows().Unload("frmJednotlivy");
-  }
-}
-
 TEST_F(frmJednotlivyTest, ChangedDueDateSwitchesTheRegime) {
   Open();
   Enter(Day(2005, 4, 28), Day(2005, 6, 20), "10000", kRepo, "");
   form_->dtpSplatnost.UserPick(Day(2005, 4, 27));
   EXPECT_THAT(Shown(), ElementsAre(kToDiscount));
   EXPECT_EQ(form_->cboDruhSazby.index(), kDiscount);
+  EXPECT_EQ(HintText(), "Vybraná sazba : Dle Diskontní sazby ČNB");
   EXPECT_EQ(form_->txtVyseSazby.text(), "2");
   form_->dtpSplatnost.UserPick(Day(2005, 4, 28));
   EXPECT_THAT(Shown(), ElementsAre(kToRepo));
@@ -735,18 +558,6 @@ TEST_F(frmJednotlivyTest, CommandCarriesThePendingRepoResultThroughFirst) {
   EXPECT_EQ(form_->lblPenale.caption(), "390,41 Kč");
 }
 
-TEST_F(frmJednotlivyTest, FirstRepoResultIsPrintedTheMomentItIsAskedFor) {
-  Open();
-  form_->dtpSplatnost.UserPick(Day(2005, 5, 1));
-  form_->dtpZaplaceni.UserPick(Day(2005, 6, 20));
-  form_->txtDluznaCastka.UserEdit("10000");
-  form_->cboDruhSazby.UserPick(kRepo);
-  form_->cmdTiskVyp.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre());
-  EXPECT_EQ(memory_.printer.printed.size(), 1U);
-  EXPECT_EQ(form_->lblPenale.caption(), "130,14 Kč");
-}
-
 TEST_F(frmJednotlivyTest, DateWithWhichNothingCanBeComputedIsRefused) {
   Open();
   Enter(Day(2026, 7, 15), Day(2026, 9, 20), "10000", kRepo, "");
@@ -767,55 +578,8 @@ TEST_F(frmJednotlivyTest, DateWithWhichNothingCanBeComputedIsRefused) {
   EXPECT_FALSE(form_->dtpZaplaceni.refused()) << "what is still missing is no reason";
 }
 
-TEST_F(frmJednotlivyTest, ClosingWhileARepoResultIsPendingIsQuiet) {
-  Open();
-  Enter(Day(2006, 3, 15), Day(2006, 5, 20), "10000", kRepo, "");
-  form_->txtDluznaCastka.UserEdit("20000");
-  windows().Unload("frmJednotlivy");
-  memory_.event_loop.RunUntilIdle();
-  EXPECT_THAT(Shown(), ElementsAre());
-  EXPECT_FALSE(state().CalculationFinished);
-}
-
-TEST_F(frmJednotlivyTest, DelayWithoutAJulyRowIsReportedUnderTheCalculation) {
-  RateFolder folder;
-  folder.Write("cnb.dat", "");
-  folder.Write("repo.dat", "010120062,00\r\n");
-  memory_.program_folder.path = folder.path();
-  Open();
-  Enter(Day(2006, 8, 15), Day(2006, 9, 20), "10000", 1, "");
-  form_->cboDruhSazby.UserPick(kRepo);
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 380 (Neplatná hodnota vlastnosti) v proceduře\r\n"
-                                   "(VypocitejJednotlivy) of (frmJednotlivy.frm)."));
-}
-
 // --- input
 // ------------------------------------------------------------------------------------------
-
-TEST_F(frmJednotlivyTest, SeparatorsTurnIntoTheUsersOwn) {
-  Open();
-  for (ui::TextBox* box : {&form_->txtDluznaCastka, &form_->txtVyseSazby}) {
-    ui::KeyPress point{"."};
-    box->UserKey(point);
-    EXPECT_EQ(point.text, ",");
-    ui::KeyPress comma{","};
-    box->UserKey(comma);
-    EXPECT_EQ(comma.text, ",");
-    ui::KeyPress letter{"p"};
-    box->UserKey(letter);
-    EXPECT_EQ(letter.text, "p");
-  }
-}
-
-TEST_F(frmJednotlivyTest, SeparatorsInAPointLocale) {
-  memory_.locale = EnglishLocale();
-  Open();
-  for (ui::TextBox* box : {&form_->txtDluznaCastka, &form_->txtVyseSazby}) {
-    ui::KeyPress comma{","};
-    box->UserKey(comma);
-    EXPECT_EQ(comma.text, ".");
-  }
-}
 
 TEST_F(frmJednotlivyTest, EnterMovesOnFromTheAmountOnly) {
   Open();
@@ -939,14 +703,6 @@ TEST_F(frmJednotlivyTest, RepoResultThatOverflowsAfterANewCalculationLeavesTheEm
   EXPECT_TRUE(state().CalculationFinished);
 }
 
-TEST_F(frmJednotlivyTest, RateBeyondSinglePrecisionOverflows) {
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  form_->txtVyseSazby.UserEdit(std::string(40, '9'));
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 6 (Přetečení) v proceduře\r\n"
-                                   "(VypocitejJednotlivy) of (frmJednotlivy.frm)."));
-}
-
 // --- commands
 // ---------------------------------------------------------------------------------------
 
@@ -1021,13 +777,6 @@ TEST_F(frmJednotlivyTest, NewCalculationBeforeAnyResultLeavesNoRecord) {
   EXPECT_FALSE(state().CalculationFinished);
 }
 
-TEST_F(frmJednotlivyTest, NewCalculationBeginsInTheFirstInput) {
-  Open();
-  form_->txtVyseSazby.SetFocus();
-  form_->cmdNovy.UserClick();
-  EXPECT_EQ(form_->focused(), &form_->dtpSplatnost);
-}
-
 TEST_F(frmJednotlivyTest, NewCalculationTellsADueDateInTheFuture) {
   Open();
   form_->dtpZaplaceni.UserPick(Day(2027, 1, 1));
@@ -1035,76 +784,6 @@ TEST_F(frmJednotlivyTest, NewCalculationTellsADueDateInTheFuture) {
   Shown();
   form_->cmdNovy.UserClick();
   EXPECT_THAT(Shown(), ElementsAre(kReversedDates));
-}
-
-TEST_F(frmJednotlivyTest, PrintAndInvoiceNeedAFinishedCalculation) {
-  Open();
-  form_->cmdTiskVyp.UserClick();
-  form_->cmdTiskFa.UserClick();
-  for (const auto& box : memory_.message_box.shown) EXPECT_EQ(box.icon, ui::Icon::kCritical);
-  EXPECT_THAT(Shown(), ElementsAre("Výpočet ještě není dokončen, nelze tisknout",
-                                   "Výpočet ještě není dokončen, nelze tisknout"));
-  EXPECT_FALSE(windows().IsLoaded("frmFaktura"));
-}
-
-TEST_F(frmJednotlivyTest, ResultThatIsDeclaredVoidIsNotPrinted) {
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  state().CalculationFinished = false;  // as the invoice does when it closes
-  form_->cmdTiskVyp.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre("Výpočet ještě není dokončen, nelze tisknout"));
-  EXPECT_THAT(memory_.printer.asked, ElementsAre());
-}
-
-TEST_F(frmJednotlivyTest, InvoiceOpensFromAFinishedCalculation) {
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  form_->cmdTiskFa.UserClick();
-  EXPECT_TRUE(windows().IsLoaded("frmFaktura"));
-  EXPECT_THAT(Shown(), ElementsAre());
-}
-
-TEST_F(frmJednotlivyTest, DeferredPrintRunsThePrintCommandOnce) {
-  Open();
-  form_->PrintLater();
-  EXPECT_TRUE(form_->tmrTiskVypoctu.enabled());
-  EXPECT_THAT(Shown(), ElementsAre()) << "not before the loop turns";
-  memory_.event_loop.RunUntilIdle();
-  EXPECT_THAT(Shown(), ElementsAre("Výpočet ještě není dokončen, nelze tisknout"));
-  EXPECT_FALSE(form_->tmrTiskVypoctu.enabled());
-}
-
-TEST_F(frmJednotlivyTest, HelpOpensAtItsTopic) {
-  Open();
-  form_->cmdHelp.UserClick();
-  form_->HelpRequested.Raise();  // F1
-  ASSERT_EQ(memory_.help_viewer.opened.size(), 2U);
-  EXPECT_EQ(memory_.help_viewer.opened[0].topic, 70);
-  EXPECT_EQ(memory_.help_viewer.opened[1].topic, 70);
-  memory_.help_viewer.fails = true;
-  form_->cmdHelp.UserClick();
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 53 (Soubor nebyl nalezen) v proceduře\r\n"
-                                   "(cmdHelp_Click) of (frmJednotlivy.frm)."));
-}
-
-TEST_F(frmJednotlivyTest, CloseButtonUnloadsAndClearsTheSharedValues) {
-  Open();
-  Enter(Day(2023, 1, 1), Day(2024, 1, 1), "10000", 1, "10");
-  form_->cmdKonec.UserClick();
-  EXPECT_FALSE(windows().IsLoaded("frmJednotlivy"));
-  EXPECT_EQ(HintText(), "Připraven");
-  EXPECT_EQ(state().RateValue, 0.0F);
-  EXPECT_EQ(state().DaysLate, 0);
-  EXPECT_EQ(state().BaseAmount, Money());
-  EXPECT_EQ(state().InterestAmount, 0);
-  EXPECT_EQ(state().AmountWithInterest, Money());
-  EXPECT_FALSE(state().SingleIsCurrent);
-  EXPECT_FALSE(state().CalculationFinished);
-  EXPECT_TRUE(state().SingleFormOpen) << "left as it is";
-  EXPECT_EQ(state().LastCalculationKind, CalculationKind::kSingle);
-  EXPECT_EQ(calculations_.current(), nullptr);
-  memory_.event_loop.RunUntilIdle();
-  EXPECT_THAT(Shown(), ElementsAre());
 }
 
 TEST_F(frmJednotlivyTest, ReportComesFromTheFinishedRecord) {
