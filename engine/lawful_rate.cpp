@@ -20,6 +20,12 @@ constexpr std::array<LawfulRegime, 5> kRegimes = {{
     {Day(2014, 1, 1), LawfulRule::kFixed, 8, "nařízení vlády č. 351/2013 Sb."},
 }};
 
+/// Counts the half-years, so that the days of one have the same number.
+int HalfYearOf(Date day) {
+  const std::chrono::year_month_day calendar(day);
+  return 2 * static_cast<int>(calendar.year()) + (calendar.month() >= std::chrono::July ? 1 : 0);
+}
+
 }  // namespace
 
 const LawfulRegime* LawfulRegimeOf(Date first_day) {
@@ -34,7 +40,7 @@ std::optional<Rate> LawfulRate(Date first_day, const std::vector<RepoRow>& half_
   if (regime == nullptr || regime->rule != LawfulRule::kFixed) return std::nullopt;
   const auto row =
       std::find_if(half_years.begin(), half_years.end(), [&](const RepoRow& half_year) {
-        return half_year.start <= first_day && first_day < AddMonths(half_year.start, 6);
+        return HalfYearOf(half_year.start) == HalfYearOf(first_day);
       });
   if (row == half_years.end()) return std::nullopt;
   // Up to the end of 2013 the law takes the repo rate of the half-year's eve. The bank did not

@@ -97,6 +97,9 @@ class Shots {
   void SingleWindow() {
     Open("frmJednotlivy");
     Keep("frmJednotlivy-empty");
+    PickDay("dtpZaplaceni", Day(2022, 5, 20));
+    PickDay("dtpSplatnost", Day(2022, 3, 10));
+    Keep("frmJednotlivy-lawful-rate");
     PickDay("dtpSplatnost", Day(2005, 3, 10));
     PickDay("dtpZaplaceni", Day(2005, 6, 20));
     Pick("cboDruhSazby", 4);
@@ -113,6 +116,8 @@ class Shots {
   void ProgressiveWindow() {
     Open("frmPostupny");
     Keep("frmPostupny-empty");
+    PickDay("dtpSplatnost", Day(2022, 3, 10));
+    Keep("frmPostupny-lawful-rate");
     EnterInvoice("100000", Day(2004, 1, 31), 1, "12,5");
     AddPayment(Day(2004, 2, 28), "20000");
     AddPayment(Day(2004, 3, 15), "1234,5");

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/help.h"
+#include "engine/lawful_rate.h"
 
 namespace velta {
 
@@ -28,6 +29,8 @@ CalculationForm::CalculationForm(Program& program, CalculationKind kind, const S
     FocusHint(*picker, "Datum vyberte klepnutím na šipku, nebo přepište ručně");
     OnMistyped(*picker, [this, picker] { AskForDateAgain(*picker); });
   }
+  OnChange(dtpSplatnost, [this] { ShowLawfulRate(); });
+  OnChange(cboDruhSazby, [this] { ShowLawfulRate(); });
   FocusHint(cboDruhSazby, "Vyberte z nabídky druh sazby ");  // the blank at its end is meant
   Hint(cmdNovy, "Nový výpočet");
   Hint(cmdTiskVyp, "Tisk výpočtu");
@@ -66,6 +69,22 @@ void CalculationForm::OfferRateKinds() {
     cboDruhSazby.AddItem(std::string(kRateKindTexts.at(i)));
   }
   cboDruhSazby.SetIndex(static_cast<int>(RateKind::kPercentYearly));
+}
+
+void CalculationForm::LoadBankRates() {
+  bank_rates_.Load();
+  ShowLawfulRate();
+}
+
+void CalculationForm::ShowLawfulRate() {
+  std::optional<Rate> rate;
+  if (Kind() == RateKind::kPercentYearly) {
+    // The law looks at the first day of delay.
+    const Date first_day = dtpSplatnost.day() + std::chrono::days(1);
+    rate = LawfulRate(first_day, bank_rates_.repo().half_years());
+  }
+  RateBox().SetPlaceholder(rate ? "zákonná " + PlainText(*rate, program_.platform.locale)
+                                : std::string());
 }
 
 void CalculationForm::OnUnload() {

@@ -38,11 +38,15 @@ class CalculationForm : public Form, public CalculationWindow {
   void BecomeCurrent();
   /// Captions the commands that both windows have.
   void SetCommandCaptions();
+  /// Reads the bank's tables, after which the lawful rate is known.
+  void LoadBankRates();
   /// Fills the list of kinds and chooses "% ročně".
   void OfferRateKinds();
 
   void OnUnload() override;
 
+  /// The box for the rate.
+  virtual ui::TextBox& RateBox() = 0;
   /// The window's new calculation.
   virtual void cmdNovy_Click() = 0;
   /// Prints the finished calculation.
@@ -94,6 +98,8 @@ class CalculationForm : public Form, public CalculationWindow {
   /// Nothing is computed with the former date as if the user had not typed another.
   void AskForDateAgain(ui::DatePicker& picker);
   void SwitchRegime();
+  /// While a rate in % a year may be typed, the empty box says in grey which one is lawful.
+  void ShowLawfulRate();
   void cmdTiskVyp_Click();
   void cmdTiskFa_Click();
 

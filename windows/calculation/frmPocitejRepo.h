@@ -47,7 +47,7 @@ class frmPocitejRepo {
   /// Whether the latest search found a half-year.
   bool rate_found() const { return rate_found_; }
   /// The table as values.
-  const std::vector<RepoRow>& rows() const { return rows_; }
+  const std::vector<RepoRow>& half_years() const { return rows_; }
 
   // The table: the half-years' first days and their rates.
   SelectableList lstDatum;

@@ -79,7 +79,7 @@ void frmPostupny::OnLoad() {
       "Zůstatek dluhu",        "Úrok z prodlení",      "Úrok celkem"};
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
   OfferRateKinds();
-  bank_rates_.Load();
+  LoadBankRates();
   StartReport();
 }
 

@@ -49,6 +49,7 @@ class frmPostupny final : public CalculationForm {
   void WireHints();
 
   void cmdPridat_Click();
+  ui::TextBox& RateBox() override { return txtData[2]; }
   void cmdNovy_Click() override;
   void Print() override;
   void tmrRepo_Timer() override;

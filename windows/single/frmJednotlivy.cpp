@@ -76,7 +76,7 @@ void frmJednotlivy::OnLoad() {
   for (std::size_t i = 0; i < kLabels.size(); ++i) lblPopis.at(i).SetCaption(kLabels.at(i));
   dtpSplatnost.SetDay(AddDays(Today(), -kDefaultDelay));
   OfferRateKinds();
-  bank_rates_.Load();
+  LoadBankRates();
   ShowReport("");
 }
 

@@ -44,6 +44,7 @@ class frmJednotlivy final : public CalculationForm {
 
   void cboDruhSazby_Change();
   void txtDluznaCastka_Change();
+  ui::TextBox& RateBox() override { return txtVyseSazby; }
   void cmdNovy_Click() override;
   void Print() override;
   void tmrRepo_Timer() override;
