@@ -8,6 +8,7 @@
 #include "app/help.h"
 #include "app/program.h"
 #include "ui/controls.h"
+#include "ui/date_picker.h"
 #include "ui/window.h"
 
 namespace velta {
@@ -22,6 +23,9 @@ class Form : public ui::Window {
   void Load();
   void Unload();
   void OpenedAgain() { OnOpenedAgain(); }
+
+  /// A command such as those of the menu uses what is entered in other windows.
+  bool CommitInputs() override { return program_.windows.CommitTyping(); }
 
  protected:
   Form(Program& program, std::string name, ui::WindowKind kind = ui::WindowKind::kChild);

@@ -85,6 +85,15 @@ void Windows::Activate(Form& form) {
   if (ui::Control* control = form.focused()) control->GotFocus.Raise();
 }
 
+bool Windows::CommitTyping() {
+  // By their names: a commit may open and close windows.
+  for (const std::string& name : names()) {
+    Form* const form = Find(name);
+    if (form != nullptr && !form->CommitTyping()) return false;
+  }
+  return true;
+}
+
 std::vector<std::string> Windows::names() const {
   std::vector<std::string> names;
   for (const auto& [name, factory] : factories_) names.push_back(name);

@@ -44,6 +44,10 @@ class Windows {
   /// The user or the program turns to a loaded window: its focused control gets the keyboard.
   void Activate(Form& form);
 
+  /// What is being typed in any of the windows counts from now on. False where something of it is
+  /// nothing to go on with; the user has been told then.
+  bool CommitTyping();
+
   std::vector<std::string> names() const;
 
  private:

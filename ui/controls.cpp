@@ -79,7 +79,8 @@ void Frame::Hold(std::initializer_list<Control*> controls) {
 
 bool Command::UserClick() {
   if (!open_to_user()) return false;
-  Click.Raise();
+  if (uses_inputs_ && !window().CommitInputs()) return true;
+  if (open_to_user()) Click.Raise();  // a commit may close it
   return true;
 }
 
@@ -193,26 +194,6 @@ std::vector<OptionButton*> OptionButton::Group() const {
     if (auto* option = dynamic_cast<OptionButton*>(control)) group.push_back(option);
   }
   return group;
-}
-
-void DatePicker::SetDay(Day day) {
-  if (day == day_ || day < kFirst || day > kLast) return;
-  day_ = day;
-  Updated.Raise(Aspect::kValue);
-  Change.Raise();
-}
-
-bool DatePicker::UserPick(Day day) {
-  if (!open_to_user()) return false;
-  refused_ = false;
-  SetDay(day);
-  return true;
-}
-
-bool DatePicker::UserMistype() {
-  if (!open_to_user()) return false;
-  Mistyped.Raise();
-  return true;
 }
 
 TimerControl::TimerControl(Window& window, ControlName name, Timer::Kind kind,

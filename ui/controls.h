@@ -116,6 +116,10 @@ class Control {
   /// pointer is then over what lies behind.
   bool UserHover();
 
+  /// A command is about to use what the user enters here: what he is still typing counts now.
+  /// False where that is nothing to go on with; he has been told then.
+  virtual bool CommitTyping() { return true; }
+
   virtual void Accept(ControlVisitor& visitor) = 0;
 
   Event<> GotFocus;
@@ -198,6 +202,7 @@ class Command : public CaptionedControl {
   bool uses_inputs() const { return uses_inputs_; }
   void SetUsesInputs() { uses_inputs_ = true; }
 
+  /// Where the command uses inputs that are nothing to go on with, it is not given.
   bool UserClick();
 
   Event<> Click;
@@ -370,43 +375,6 @@ class OptionButton final : public CaptionedControl {
   std::vector<OptionButton*> Group() const;
 
   bool value_ = false;
-};
-
-/// A date, typed or picked from a calendar. It always holds a valid day, from 1.1.1900
-/// to 31.12.9999.
-class DatePicker final : public Control {
- public:
-  using Day = std::chrono::sys_days;
-  static constexpr Day kFirst{std::chrono::year{1900} / 1 / 1};
-  static constexpr Day kLast{std::chrono::year{9999} / 12 / 31};
-
-  DatePicker(Window& window, ControlName name, Day day)
-      : Control(window, std::move(name)), day_(day) {}
-
-  Day day() const { return day_; }
-  /// A day outside the range leaves the date as it was.
-  void SetDay(Day day);
-
-  bool UserPick(Day day);
-  /// What the user typed, and now goes on from, is no day of the range. The date stays as it was.
-  bool UserMistype();
-
-  /// For handlers of Change: nothing could be computed with the day, and the user has been told.
-  void Refuse() { refused_ = true; }
-  /// Whether the day that the user picked last was refused.
-  bool refused() const { return refused_; }
-
-  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
-
-  Event<> Change;
-  Event<> Mistyped;
-
- protected:
-  bool takes_focus() const override { return true; }
-
- private:
-  Day day_;
-  bool refused_ = false;
 };
 
 /// A window's timer (ui/timer.h) under its name; enabled while it is armed. It dies with its

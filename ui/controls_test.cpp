@@ -330,35 +330,6 @@ TEST_F(ControlsTest, FrameHidesWhatItHolds) {
   EXPECT_FALSE(data[1].visible());
 }
 
-TEST_F(ControlsTest, DatePickerKeepsToItsRange) {
-  DatePicker picker(window_, "dtpVzor", Day(2005, 4, 28));
-  int changes = 0;
-  picker.Change.Connect([&] { ++changes; });
-  picker.SetDay(Day(1899, 12, 31));
-  EXPECT_TRUE(picker.UserPick(Day(10000, 1, 1)));
-  picker.SetDay(Day(2005, 4, 28));
-  EXPECT_EQ(changes, 0);
-  EXPECT_EQ(picker.day(), Day(2005, 4, 28));
-  picker.SetDay(Day(1900, 1, 1));
-  picker.SetDay(Day(9999, 12, 31));
-  EXPECT_EQ(changes, 2);
-  EXPECT_EQ(picker.day(), Day(9999, 12, 31));
-  picker.SetEnabled(false);
-  EXPECT_FALSE(picker.UserPick(Day(2005, 1, 1)));
-}
-
-TEST_F(ControlsTest, MistypedDateIsSaidAndNotTaken) {
-  DatePicker picker(window_, "dtpVzor", Day(2005, 4, 28));
-  int mistyped = 0;
-  picker.Mistyped.Connect([&] { ++mistyped; });
-  EXPECT_TRUE(picker.UserMistype());
-  EXPECT_EQ(mistyped, 1);
-  EXPECT_EQ(picker.day(), Day(2005, 4, 28));
-  picker.SetEnabled(false);
-  EXPECT_FALSE(picker.UserMistype());
-  EXPECT_EQ(mistyped, 1);
-}
-
 TEST_F(ControlsTest, DisabledCommandsDoNothing) {
   Button button(window_, "cmdVzor");
   MenuItem item(window_, "mnuVzor");

@@ -54,6 +54,11 @@ bool Window::FocusFrom(std::size_t first) {
   return false;
 }
 
+bool Window::CommitTyping() {
+  return std::all_of(controls_.begin(), controls_.end(),
+                     [](Control* control) { return control->CommitTyping(); });
+}
+
 void Window::MoveFocus(Control& control) {
   if (&control == focused_) return;
   focused_ = &control;

@@ -56,6 +56,12 @@ class Window {
   void FocusFirst();
   void FocusNext();
 
+  /// What is being typed in this window counts from now on. False where something of it is nothing
+  /// to go on with; the user has been told then.
+  bool CommitTyping();
+  /// The same for all windows whose inputs a command of this one may use.
+  virtual bool CommitInputs() { return CommitTyping(); }
+
   Event<> MouseMove;       ///< the pointer moved over the bare window or one of its frames
   Event<> CloseRequested;  ///< the user wants the window closed
   Event<> Activated;       ///< the user turned to this window

@@ -10,6 +10,7 @@
 #include "tests/scenario/value.h"
 #include "ui/clipboard.h"
 #include "ui/controls.h"
+#include "ui/date_picker.h"
 #include "ui/event_loop.h"
 #include "ui/message_box.h"
 #include "ui/window_system.h"
@@ -49,6 +50,9 @@ class Driver {
   /// False too where there is no such row.
   virtual bool Pick(ui::ListControl& list, int index) = 0;
   virtual bool Pick(ui::OptionButton& option) = 0;
+  /// Types over the whole date, key by key, and leaves the keyboard there; "\r" at the end is
+  /// Enter.
+  virtual bool TypeDate(ui::DatePicker& picker, std::string_view text) = 0;
   virtual bool PickDay(ui::DatePicker& picker, std::chrono::sys_days day) = 0;
   /// False too where the control never takes the keyboard.
   virtual bool Focus(ui::Control& control) = 0;

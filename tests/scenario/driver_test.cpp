@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <array>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@
 #include "tests/scenario/qt_driver.h"
 #include "tests/scenario/world.h"
 #include "ui/qt/binder.h"
+#include "ui/qt/date_field.h"
 #include "ui/qt/hint_filter.h"
 #include "ui/qt/text.h"
 
@@ -35,6 +37,7 @@ class SampleForm final : public Form {
   explicit SampleForm(Program& program) : Form(program, "frmVzor") {
     cboVolny.SetEditable();
     fraStrana.Hold({&txtStrana});
+    cmdTisk.SetUsesInputs();
   }
 
   void OnLoad() override {
@@ -53,6 +56,9 @@ class SampleForm final : public Form {
   ui::Frame fraStrana{*this, "fraStrana"};
   ui::TextBox txtStrana{*this, "txtStrana"};
   ui::Button cmdKonec{*this, "cmdKonec"};
+  ui::DatePicker dtpOd{*this, "dtpOd", program_.platform.clock, program_.platform.locale};
+  ui::DatePicker dtpDo{*this, "dtpDo", program_.platform.clock, program_.platform.locale};
+  ui::Button cmdTisk{*this, "cmdTisk"};
 };
 
 /// Makes the form of a window: one widget below the other, what a frame holds beside the rest.
@@ -61,7 +67,7 @@ class FormMaker final : public ui::ControlVisitor {
   FormMaker(QWidget& root, QWidget& page) : root_(root), page_(page) {}
 
   void Visit(ui::Button& control) override { Add(control, new QPushButton(&root_)); }
-  void Visit(ui::DatePicker& /*control*/) override {}
+  void Visit(ui::DatePicker& control) override { Add(control, new qt::DateField(&root_)); }
   void Visit(ui::DropDown& control) override {
     auto* list = new QComboBox(&root_);
     list->setEditable(control.editable());
@@ -90,13 +96,13 @@ class FormMaker final : public ui::ControlVisitor {
 
 class SampleView final : public ui::WindowView {
  public:
-  SampleView(ui::Window& window, qt::HintFilter& hints, const LocaleFormat& locale) {
+  SampleView(ui::Window& window, qt::HintFilter& hints) {
     root_.setObjectName(qt::ToQString(window.name()));
     root_.resize(400, 600);
     auto* page = new QWidget(&root_);
     FormMaker maker(root_, *page);
     for (ui::Control* control : window.controls()) control->Accept(maker);
-    binder_ = new qt::Binder(window, root_, hints, locale);
+    binder_ = new qt::Binder(window, root_, hints);
     window.FocusMoved.Connect([this] { binder_->FollowFocus(); });
   }
 
@@ -120,12 +126,11 @@ class SampleView final : public ui::WindowView {
 class SampleWindowSystem final : public ui::WindowSystem {
  public:
   std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override {
-    return std::make_unique<SampleView>(window, hints_, locale_);
+    return std::make_unique<SampleView>(window, hints_);
   }
 
  private:
   qt::HintFilter hints_;
-  LocaleFormat locale_;
 };
 
 /// What the user does and reads has the same effect and the same values on both platforms.
@@ -138,6 +143,13 @@ class DriverTest : public ::testing::TestWithParam<std::string> {
     Note(form().cboPevny);
     Note(form().cboVolny);
     Note(form().lstRadky);
+    for (ui::DatePicker* date : {&form().dtpOd, &form().dtpDo}) {
+      date->Change.Connect([this, date] { log_.push_back(date->name() + " " + date->text()); });
+      date->Mistyped.Connect([this, date] { log_.push_back(date->name() + " mistyped"); });
+    }
+    for (ui::Button* button : {&form().cmdKonec, &form().cmdTisk}) {
+      button->Click.Connect([this, button] { log_.push_back(button->name()); });
+    }
     for (ui::OptionButton& option : form().optZaok) {
       option.Click.Connect([this, &option] { log_.push_back(option.name() + " clicked"); });
     }
@@ -320,6 +332,74 @@ TEST_P(DriverTest, TabComesToTheChosenOption) {
   EXPECT_EQ(Focused(), "optZaok(1)");
   EXPECT_TRUE(driver_->Type(form().cboVolny, "\t\t\t"));
   EXPECT_EQ(Focused(), "txtStrana");
+}
+
+TEST_P(DriverTest, TypedDateCountsByEnter) {
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "1.2.05"));
+  EXPECT_EQ(Get(form().dtpOd, "text"), "\"1.2.05\"");
+  EXPECT_EQ(Get(form().dtpOd, "date"), "21.11.2026");
+  EXPECT_EQ(Focused(), "dtpOd");
+  EXPECT_THAT(Log(), IsEmpty());
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "2.2.05\r"));
+  EXPECT_EQ(Get(form().dtpOd, "text"), "\"2.2.2005\"");
+  EXPECT_EQ(Get(form().dtpOd, "date"), "2.2.2005");
+  EXPECT_THAT(Log(), ElementsAre("dtpOd 2.2.2005"));
+}
+
+TEST_P(DriverTest, TypedDateCountsWhenItIsLeft) {
+  const std::vector<std::pair<const char*, std::function<void()>>> kWays = {
+      {"to be read", [this] { driver_->Focus(form().txtUdaj); }},
+      {"for a button", [this] { driver_->Focus(form().cmdKonec); }},
+      {"for another date", [this] { driver_->TypeDate(form().dtpDo, "x"); }},
+      {"to type", [this] { driver_->Type(form().txtUdaj, "x"); }},
+      {"to paste", [this] { driver_->Paste(form().txtUdaj, "x"); }},
+      {"to pick", [this] { driver_->Pick(form().lstRadky, 1); }},
+      {"to choose", [this] { driver_->Pick(form().optZaok[1]); }},
+  };
+  for (const auto& [way, leave] : kWays) {
+    EXPECT_TRUE(driver_->TypeDate(form().dtpDo, "21.11.2026\r"));
+    driver_->PickDay(form().dtpOd, world_.clock.now.day);
+    driver_->Settle();
+    EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "1.2.05")) << way;
+    Log();
+    leave();
+    EXPECT_EQ(Log().at(0), "dtpOd 1.2.2005") << way;
+    EXPECT_EQ(Get(form().dtpOd, "text"), "\"1.2.2005\"") << way;
+  }
+}
+
+TEST_P(DriverTest, MistypedDateIsSaidWhenTheKeyboardHasArrived) {
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "31.2.2005"));
+  EXPECT_TRUE(driver_->Focus(form().txtUdaj));
+  EXPECT_EQ(Focused(), "txtUdaj");
+  EXPECT_THAT(Log(), IsEmpty());
+  driver_->Settle();
+  EXPECT_THAT(Log(), ElementsAre("dtpOd mistyped"));
+  EXPECT_EQ(Get(form().dtpOd, "text"), "\"31.2.2005\"");
+  EXPECT_EQ(Get(form().dtpOd, "date"), "21.11.2026");
+}
+
+TEST_P(DriverTest, CommandTakesATypedDateOverOrLeavesItAlone) {
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "31.2.2005"));
+  EXPECT_TRUE(driver_->Click(form().cmdKonec));
+  driver_->Settle();
+  EXPECT_THAT(Log(), ElementsAre("cmdKonec"));
+  EXPECT_EQ(Focused(), "dtpOd") << "typing goes on";
+  EXPECT_TRUE(driver_->Click(form().cmdTisk));
+  EXPECT_THAT(Log(), ElementsAre("dtpOd mistyped"));
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, "28.2.2005"));
+  EXPECT_TRUE(driver_->Click(form().cmdTisk));
+  driver_->Settle();
+  EXPECT_THAT(Log(), ElementsAre("dtpOd 28.2.2005", "cmdTisk"));
+  EXPECT_EQ(Focused(), "cmdTisk");
+}
+
+TEST_P(DriverTest, DateIsEmptiedOnlyWhereItIsOpen) {
+  EXPECT_TRUE(driver_->TypeDate(form().dtpOd, ""));
+  EXPECT_EQ(Get(form().dtpOd, "text"), "\"\"");
+  form().dtpDo.SetEnabled(false);
+  EXPECT_FALSE(driver_->TypeDate(form().dtpDo, "1.2.2005"));
+  EXPECT_EQ(Get(form().dtpDo, "text"), "\"21.11.2026\"");
 }
 
 TEST_P(DriverTest, ClockStandsStill) {

@@ -37,12 +37,18 @@ class MemoryDriver final : public Driver {
 
   void Settle() override { event_loop_.RunUntilIdle(); }
 
-  bool Choose(ui::MenuItem& item) override { return item.UserClick(); }
+  bool Choose(ui::MenuItem& item) override {
+    const bool chosen = item.UserClick();
+    LeaveDateFor(FocusedControl());
+    return chosen;
+  }
 
   bool Click(ui::Button& button) override {
     if (!IsOpenToUser(button)) return false;
-    MoveFocus(button);
+    // A button that is pressed takes the keyboard, but leaves no date that is being typed.
+    TakeFocus(button);
     button.UserClick();
+    GoOnTyping();
     return true;
   }
 
@@ -72,6 +78,20 @@ class MemoryDriver final : public Driver {
     if (!IsOpenToUser(option)) return false;
     MoveFocus(option);
     if (!option.value()) option.UserClick();
+    return true;
+  }
+
+  bool TypeDate(ui::DatePicker& picker, std::string_view text) override {
+    if (!IsOpenToUser(picker)) return false;
+    MoveFocus(picker);
+    std::string typed;
+    picker.UserEdit(typed);
+    while (!text.empty()) {
+      const std::string_view character = TakeCharacter(text);
+      if (!IsControl(character)) typed += character;
+      picker.UserEdit(typed);
+      if (character == "\r") picker.UserCommit();
+    }
     return true;
   }
 
@@ -114,7 +134,46 @@ class MemoryDriver final : public Driver {
     return control.enabled() && control.visible();
   }
 
+  /// The date that is being typed; null where none is.
+  ui::DatePicker* TypedDate() const {
+    for (const std::string& name : windows().names()) {
+      const Form* const form = windows().Find(name);
+      if (form == nullptr) continue;
+      for (ui::Control* const control : form->controls()) {
+        auto* const date = dynamic_cast<ui::DatePicker*>(control);
+        if (date != nullptr && date->IsBeingTyped()) return date;
+      }
+    }
+    return nullptr;
+  }
+
+  /// The keyboard goes on to `next`.
+  void LeaveDateFor(const ui::Control* next) {
+    ui::DatePicker* const date = TypedDate();
+    if (date != nullptr && date != next) date->UserLeave();
+  }
+
+  /// After a click: where it came to a command that leaves the typing alone, typing goes on; where
+  /// the keyboard has gone to another window, the date is left.
+  void GoOnTyping() {
+    ui::DatePicker* const date = TypedDate();
+    ui::Control* const focused = FocusedControl();
+    if (date == nullptr || focused == date) return;
+    if (dynamic_cast<ui::Button*>(focused) != nullptr && &focused->window() == &date->window()) {
+      date->SetFocus();
+    } else {
+      date->UserCommit();
+    }
+  }
+
   void MoveFocus(ui::Control& control) {
+    if (!control.CanTakeFocus()) return;
+    LeaveDateFor(&control);
+    TakeFocus(control);
+    if (auto* const date = dynamic_cast<ui::DatePicker*>(&control)) date->UserReturn();
+  }
+
+  void TakeFocus(ui::Control& control) {
     if (!control.CanTakeFocus()) return;
     // In a window that lies below others the keyboard comes straight to the control, not by way of
     // the one that had it before.
@@ -161,7 +220,9 @@ class ValueReader final : public ui::ControlVisitor {
   explicit ValueReader(const Property& property) : property_(property) {}
 
   void Visit(ui::Button& control) override { ReadCaption(control); }
-  void Visit(ui::DatePicker& control) override { value = Value::Day(control.day()); }
+  void Visit(ui::DatePicker& control) override {
+    value = property_.name == "text" ? Value::Text(control.text()) : Value::Day(control.day());
+  }
   void Visit(ui::DropDown& control) override {
     ReadRows(control);
     if (property_.name == "text") value = Value::Text(control.text());

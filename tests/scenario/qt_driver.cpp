@@ -170,7 +170,6 @@ class QtDriver final : public Driver {
                      [this](ui::Icon icon, const std::string& caption, const std::string& text) {
                        if (on_message) on_message(icon, caption, text);
                      }),
-        window_system_(locale),
         hold_(std::in_place, event_loop_.loop()) {
     QApplication::clipboard()->clear();
   }
@@ -188,6 +187,7 @@ class QtDriver final : public Driver {
   bool Paste(ui::Control& input, std::string_view text) override;
   bool Pick(ui::ListControl& list, int index) override;
   bool Pick(ui::OptionButton& option) override;
+  bool TypeDate(ui::DatePicker& picker, std::string_view text) override;
   bool PickDay(ui::DatePicker& picker, std::chrono::sys_days day) override;
   bool Focus(ui::Control& control) override;
   bool Hover(ui::Control& control) override;
@@ -213,7 +213,9 @@ class QtDriver final : public Driver {
   /// The control that has the keyboard; null where none has it.
   ui::Control* FocusedControl() const;
   /// Brings the keyboard to the control, as a click on it does.
-  static void MoveFocus(const ui::Control& control);
+  /// By the mouse where no reason is given. Under a button that the mouse presses a date that is
+  /// being typed is not left.
+  static void MoveFocus(const ui::Control& control, Qt::FocusReason reason = Qt::MouseFocusReason);
   void PressKey(const QString& character);
   void MovePointer(QWidget& widget) const;
   /// A point of the widget with nothing else of a form above it, other than where the pointer is.
@@ -279,9 +281,9 @@ ui::Control* QtDriver::FocusedControl() const {
   return nullptr;
 }
 
-void QtDriver::MoveFocus(const ui::Control& control) {
+void QtDriver::MoveFocus(const ui::Control& control, Qt::FocusReason reason) {
   QWidget& widget = WidgetOf(control);
-  if (widget.focusPolicy() != Qt::NoFocus) widget.setFocus(Qt::MouseFocusReason);
+  if (widget.focusPolicy() != Qt::NoFocus) widget.setFocus(reason);
   SettleWidgets();
 }
 
@@ -403,25 +405,34 @@ bool QtDriver::Pick(ui::ListControl& list, int index) {
 
 bool QtDriver::Pick(ui::OptionButton& option) {
   if (!IsOpenToUser(option)) return false;
-  MoveFocus(option);
+  MoveFocus(option, Qt::TabFocusReason);
   auto& button = static_cast<QAbstractButton&>(WidgetOf(option));
   if (!button.isChecked()) PressKeyOn(&button, Qt::Key_Space);
   SettleWidgets();
   return true;
 }
 
-bool QtDriver::PickDay(ui::DatePicker& picker, std::chrono::sys_days day) {
+bool QtDriver::TypeDate(ui::DatePicker& picker, std::string_view text) {
   if (!IsOpenToUser(picker)) return false;
-  MoveFocus(picker);
-  if (day < ui::DatePicker::kFirst || day > ui::DatePicker::kLast) return true;  // none to choose
+  MoveFocus(picker, Qt::TabFocusReason);
   auto& field = dynamic_cast<QLineEdit&>(WidgetOf(picker));
   field.selectAll();
-  for (const QChar character : ToQString(ShortDateText(day, locale_))) {
-    QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, character, Qt::NoModifier);
+  PressKeyOn(&field, Qt::Key_Delete);
+  for (const QChar character : ToQString(text)) {
+    const Qt::Key key = character == u'\r' ? Qt::Key_Return : Qt::Key_unknown;
+    QTest::sendKeyEvent(QTest::Click, &field, key, character, Qt::NoModifier);
   }
-  QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_Return, QStringLiteral("\r"), Qt::NoModifier);
   SettleWidgets();
   return true;
+}
+
+bool QtDriver::PickDay(ui::DatePicker& picker, std::chrono::sys_days day) {
+  if (!IsOpenToUser(picker)) return false;
+  if (day < ui::DatePicker::kFirst || day > ui::DatePicker::kLast) {  // none to choose
+    MoveFocus(picker, Qt::TabFocusReason);
+    return true;
+  }
+  return TypeDate(picker, ShortDateText(day, locale_) + "\r");
 }
 
 bool QtDriver::Focus(ui::Control& control) {
@@ -429,7 +440,7 @@ bool QtDriver::Focus(ui::Control& control) {
   if (widget == nullptr || !IsOpenToUser(control) || widget->focusPolicy() == Qt::NoFocus) {
     return false;
   }
-  MoveFocus(control);
+  MoveFocus(control, Qt::TabFocusReason);
   return true;
 }
 
@@ -546,6 +557,9 @@ Value QtDriver::GetOf(QWidget& widget, const ui::Control& control, const Propert
   }
   if (const auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
     if (property.name == "text") return Value::Text(ToUtf8(edit->text()));
+    // While another is typed in its place the date that counts stands nowhere.
+    const auto& picker = dynamic_cast<const ui::DatePicker&>(control);
+    if (picker.IsBeingTyped()) return Value::Day(picker.day());
     return Value::Day(ParseShortDate(ToUtf8(edit->text()), locale_));
   }
   if (const auto* const button = qobject_cast<QAbstractButton*>(&widget)) {

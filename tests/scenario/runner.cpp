@@ -117,6 +117,10 @@ void Runner::Do(const Command& command) {
     case Verb::kDate:
       Act<ui::DatePicker>(command, [&](auto& date) { return driver_.PickDay(date, command.day); });
       break;
+    case Verb::kTypeDate:
+      Act<ui::DatePicker>(command,
+                          [&](auto& date) { return driver_.TypeDate(date, command.text); });
+      break;
     case Verb::kPick:
       Act<ui::Control>(command, [&](auto& control) { return Pick(control, command.number); });
       break;

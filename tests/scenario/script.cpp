@@ -110,8 +110,9 @@ bool HasProperty(Kind kind, std::string_view name) {
       return name == "caption";
     case Kind::kTextBox:
       return name == "placeholder";
-    case Kind::kButton:
     case Kind::kDatePicker:
+      return name == "text";
+    case Kind::kButton:
     case Kind::kFrame:
     case Kind::kLabel:
     case Kind::kMenuItem:
@@ -196,16 +197,27 @@ class Parser {
     const bool bare = word.size() == line.size();
     static const std::map<std::string_view, void (Parser::*)(std::string_view, Command&) const>
         kWithArguments = {
-            {"locale", &Parser::Locale}, {"today", &Parser::Today},
-            {"user", &Parser::User},     {"data", &Parser::Data},
-            {"store", &Parser::Store},   {"menu", &Parser::Menu},
-            {"click", &Parser::Click},   {"type", &Parser::Type},
-            {"set", &Parser::Set},       {"date", &Parser::Date},
-            {"pick", &Parser::Pick},     {"focus", &Parser::Focus},
-            {"hover", &Parser::Hover},   {"close", &Parser::Close},
-            {"fail", &Parser::Fail},     {"mend", &Parser::Mend},
-            {"wait", &Parser::Wait},     {"printdialog", &Parser::PrintDialog},
-            {"get", &Parser::Get},       {"state", &Parser::State},
+            {"locale", &Parser::Locale},
+            {"today", &Parser::Today},
+            {"user", &Parser::User},
+            {"data", &Parser::Data},
+            {"store", &Parser::Store},
+            {"menu", &Parser::Menu},
+            {"click", &Parser::Click},
+            {"type", &Parser::Type},
+            {"set", &Parser::Set},
+            {"date", &Parser::Date},
+            {"typedate", &Parser::TypeDate},
+            {"pick", &Parser::Pick},
+            {"focus", &Parser::Focus},
+            {"hover", &Parser::Hover},
+            {"close", &Parser::Close},
+            {"fail", &Parser::Fail},
+            {"mend", &Parser::Mend},
+            {"wait", &Parser::Wait},
+            {"printdialog", &Parser::PrintDialog},
+            {"get", &Parser::Get},
+            {"state", &Parser::State},
             {"loaded", &Parser::Loaded},
         };
     static const std::map<std::string_view, Verb> kAlone = {
@@ -294,6 +306,18 @@ class Parser {
     command.place = ParseControl(TakeUntil(rest, " "));
     Require(command.place, {Kind::kDatePicker}, "is no date picker");
     command.day = ParseDay(rest);
+  }
+
+  void TypeDate(std::string_view rest, Command& command) const {
+    command.verb = Verb::kTypeDate;
+    command.place = ParseControl(TakeUntil(rest, " "));
+    Require(command.place, {Kind::kDatePicker}, "is no date picker");
+    command.text = Unescape(rest);
+    const std::size_t other_key = command.text.find_first_of("\t\n\r");
+    if (other_key != std::string::npos &&
+        (command.text[other_key] != '\r' || other_key + 1 != command.text.size())) {
+      throw Bad("a date is typed without leaving the field; Enter may end it");
+    }
   }
 
   void Pick(std::string_view rest, Command& command) const {

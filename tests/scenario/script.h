@@ -58,6 +58,7 @@ enum class Verb {
   kType,         ///< place, text
   kSet,          ///< place, text
   kDate,         ///< place, day
+  kTypeDate,     ///< place, text
   kPick,         ///< place, number; an option button has none
   kFocus,        ///< place
   kHover,        ///< place, also a window

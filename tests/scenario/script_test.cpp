@@ -70,6 +70,12 @@ TEST(Script, DatesAndTimes) {
   EXPECT_EQ(ParseLine("date frmVypocet.dtpSplatnost 29.2.2004").day, sys_days(year{2004} / 2 / 29));
 }
 
+TEST(Script, TypedDateIsAnyText) {
+  EXPECT_EQ(ParseLine("typedate frmVypocet.dtpSplatnost 31.2.").text, "31.2.");
+  EXPECT_EQ(ParseLine("typedate frmVypocet.dtpSplatnost zítra\\r").text, "zítra\r");
+  EXPECT_EQ(ParseLine("typedate frmVypocet.dtpSplatnost").text, "");
+}
+
 TEST(Script, StoredTextMayHoldEqualSigns) {
   const Command command = ParseLine("store Nazev=a=b\\s");
   EXPECT_EQ(command.key, "Nazev");
@@ -95,6 +101,7 @@ TEST(Script, PropertiesAndTheirMainOnes) {
        "frmVypocet.txtCastka.placeholder"},
       {"drop-down", "get frmVypocet.cboDruh", "frmVypocet.cboDruh.index"},
       {"date picker", "get frmVypocet.dtpSplatnost", "frmVypocet.dtpSplatnost.date"},
+      {"what its field shows", "get frmVypocet.dtpSplatnost.text", "frmVypocet.dtpSplatnost.text"},
       {"editable drop-down", "get frmVypocet.cboText", "frmVypocet.cboText.index"},
       {"its text", "get frmVypocet.cboText.text", "frmVypocet.cboText.text"},
       {"list", "get frmVypocet.lstRadky", "frmVypocet.lstRadky.index"},
@@ -165,6 +172,9 @@ TEST(Script, BadLines) {
       {"row with a bad index", "get frmVypocet.cboDruh.item(x)"},
       {"button expected", "click frmVypocet.txtCastka"},
       {"text box expected", "type frmVypocet.dtpSplatnost 1.1.2005"},
+      {"date picker expected to type into", "typedate frmVypocet.txtCastka 1.1.2005"},
+      {"Enter before the end of a date", "typedate frmVypocet.dtpSplatnost 1.1.\\r2005"},
+      {"Tab out of a date", "typedate frmVypocet.dtpSplatnost 1.1.2005\\t"},
       {"date picker expected", "date frmVypocet.txtCastka 1.1.2005"},
       {"menu item expected", "menu lblMSG"},
       {"row expected", "pick frmVypocet.cboDruh"},

@@ -258,7 +258,7 @@ class Shots {
   bool maximized_;
   std::string window_;
   ui::MemoryPlatform memory_;
-  qt::WindowSystem window_system_{memory_.locale};
+  qt::WindowSystem window_system_;
   Velta velta_{memory_.platform(window_system_), {1, 0, 0, std::chrono::milliseconds(1)}};
 };
 

@@ -47,21 +47,6 @@ void SetBackground(QWidget& widget, ui::Background background) {
   widget.setPalette(palette);
 }
 
-/// A date that is typed but not committed counts when a command is given that uses it, also by a
-/// toolbar button or a menu, which leave the keyboard in the field. False: it is none, or one with
-/// which nothing can be computed, and the command has to wait.
-bool CommitTypedDates(const QWidget& window) {
-  for (DateField* field : window.findChildren<DateField*>()) {
-    if (field->IsUncommitted() && !field->Commit()) return false;
-  }
-  return true;
-}
-
-bool MayGo(const ui::Command& command, const QWidget& window) {
-  return !command.uses_inputs() || CommitTypedDates(window);
-}
-bool MayGo(const ui::OptionButton& /*option*/, const QWidget& /*window*/) { return true; }
-
 /// The line in which the control is typed; null where it has none.
 QLineEdit* LineOf(QWidget* widget) {
   if (auto* list = qobject_cast<QComboBox*>(widget)) return list->lineEdit();
@@ -108,14 +93,19 @@ bool IsUsersWay(Qt::FocusReason reason) {
 
 }  // namespace
 
-Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints, const LocaleFormat& locale)
-    : QObject(&root), window_(window), root_(root), hints_(hints), locale_(locale) {
+Binder::Binder(ui::Window& window, QWidget& root, HintFilter& hints)
+    : QObject(&root), window_(window), root_(root), hints_(hints) {
   for (ui::Control* control : window.controls()) control->Accept(*this);
   SetTabOrder();
   hints.Watch(root, [this] {
     if (listening_) window_.MouseMove.Raise();
     return true;
   });
+}
+
+void Binder::StopListening() {
+  listening_ = false;
+  for (DateField* field : dates_) field->SetModel(nullptr);
 }
 
 QString Binder::WidgetName(const ui::Control& control) {
@@ -251,7 +241,7 @@ void Binder::BindButton(C& control, QAbstractButton& button,
     show(aspect);
   });
   connect(&button, &QAbstractButton::clicked, this, [this, &control] {
-    if (listening_ && MayGo(control, *root_.window())) control.UserClick();
+    if (listening_) control.UserClick();
   });
 }
 
@@ -262,15 +252,16 @@ void Binder::GoOnTypingOrLeave() {
   if (!listening_) return;
   const QWidget* const window = root_.window();
   for (DateField* field : window->findChildren<DateField*>()) {
+    ui::DatePicker* const model = field->model();
     // While another program or the help is active the keyboard is still in the field.
-    if (!field->IsUncommitted() || window->focusWidget() == field) continue;
-    ui::Control* const date = controls_.value(field);
-    if (date != nullptr && qobject_cast<QAbstractButton*>(window->focusWidget()) != nullptr) {
+    if (model == nullptr || !model->IsBeingTyped() || window->focusWidget() == field) continue;
+    if (dates_.contains(field) &&
+        qobject_cast<QAbstractButton*>(window->focusWidget()) != nullptr) {
       const QScopedValueRollback leading(user_leads_, true);
-      date->SetFocus();
+      model->SetFocus();
       field->setFocus(Qt::OtherFocusReason);
     } else {
-      field->Commit();
+      model->UserCommit();
     }
   }
 }
@@ -289,24 +280,13 @@ void Binder::Visit(ui::Button& control) {
 
 void Binder::Visit(ui::DatePicker& control) {
   auto& field = Widget<DateField>(control);
-  field.SetFormat(locale_);
+  field.SetModel(&control);
   Mirror(control, field, [&control, &field](Aspect aspect) {
-    if (aspect == Aspect::kValue) field.SetDay(control.day());
+    if (aspect == Aspect::kValue) field.ShowText();
     if (aspect == Aspect::kBackground) SetBackground(field, control.background());
   });
   for (auto* arrow : field.findChildren<QAbstractButton*>()) arrow->installEventFilter(this);
-  connect(&field, &DateField::DayPicked, this,
-          [this, &control, field = QPointer(&field)](std::chrono::sys_days day) {
-            if (!listening_) return;
-            control.UserPick(day);
-            if (field == nullptr) return;
-            field->SetDay(control.day());
-            if (control.refused()) field->Refuse();
-          });
-  connect(&field, &DateField::Mistyped, this, [this, &control, &field] {
-    // Nobody can correct it in a field that has been closed meanwhile.
-    if (!listening_ || !control.UserMistype()) field.SetDay(control.day());
-  });
+  dates_.append(&field);
 }
 
 void Binder::Visit(ui::DropDown& control) {
@@ -397,7 +377,7 @@ void Binder::Visit(ui::MenuItem& control) {
   } else {
     action = &Widget<QAction>(control);
     connect(action, &QAction::triggered, this, [this, &control] {
-      if (listening_ && MayGo(control, *root_.window())) control.UserClick();
+      if (listening_) control.UserClick();
     });
   }
   Mirror(control, [&control, action](Aspect aspect) {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <functional>
 
 #include "ui/controls.h"
-#include "values/locale.h"
 
 class QAbstractButton;
 class QButtonGroup;
@@ -15,6 +15,7 @@ class QWidget;
 
 namespace velta::qt {
 
+class DateField;
 class HintFilter;
 
 /// Ties the controls of a window's model to the widgets of its form. Each control has the widget of
@@ -24,7 +25,7 @@ class HintFilter;
 class Binder final : public QObject, private ui::ControlVisitor {
  public:
   /// Ties all controls of `window` to the widgets inside `root`, whose child the binder becomes.
-  Binder(ui::Window& window, QWidget& root, HintFilter& hints, const LocaleFormat& locale);
+  Binder(ui::Window& window, QWidget& root, HintFilter& hints);
 
   /// Gives the keyboard to the widget of the model's focused control.
   void TakeFocus();
@@ -35,7 +36,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   void HoldFocus(bool held) { focus_held_ = held; }
 
   /// From now on the user's acts are no longer written into the model.
-  void StopListening() { listening_ = false; }
+  void StopListening();
 
   static QString WidgetName(const ui::Control& control);
 
@@ -75,9 +76,9 @@ class Binder final : public QObject, private ui::ControlVisitor {
   ui::Window& window_;
   QWidget& root_;
   HintFilter& hints_;
-  const LocaleFormat& locale_;
   QHash<const QObject*, ui::Control*> controls_;
   QHash<const QObject*, ui::TextBox*> lines_;
+  QList<DateField*> dates_;
   QHash<QString, QButtonGroup*> options_;  // by the name of their array
   bool listening_ = true;
   bool user_leads_ = false;

@@ -50,15 +50,18 @@ struct Model : ui::Window {
     cboText.SetEditable();
     fraStrana.Hold({&txtStrana});
     ReadFirst({&lstRadky});
+    dtpDen.SetDay(Day(2005, 4, 28));
     txtReport.SetReadOnly();
     txtReport.SetTabStops({5, 108});
   }
 
+  ui::MemoryClock clock;
+  LocaleFormat locale;
   ui::Frame fraTop{*this, "fraTop"};
   ui::TextBox txtFaktura{*this, {"txtFaktura", 3}};
   ui::TextBox txtSazba{*this, "txtSazba"};
   ui::DropDown cboDruh{*this, "cboDruh"};
-  ui::DatePicker dtpDen{*this, "dtpDen", Day(2005, 4, 28)};
+  ui::DatePicker dtpDen{*this, "dtpDen", clock, locale};
   ui::TextBox txtReport{*this, "txtReport"};
   ui::Button cmdKonec{*this, "cmdKonec"};
   ui::Button cmdTisk{*this, "cmdTisk"};
@@ -144,11 +147,10 @@ class BinderTest : public ::testing::Test {
   }
 
   ui::MemoryEventLoop loop_;
-  LocaleFormat locale_;
   Model model_{loop_};
   HintFilter hints_;
   Form form_;
-  Binder& binder_{*new Binder(model_, form_.root, hints_, locale_)};
+  Binder& binder_{*new Binder(model_, form_.root, hints_)};
   QLineEdit& edit_ = form_.Get<QLineEdit>("txtFaktura_3");
   QLineEdit& rate_ = form_.Get<QLineEdit>("txtSazba");
   QComboBox& list_ = form_.Get<QComboBox>("cboDruh");
@@ -605,6 +607,7 @@ class TypedDateTest : public BinderTest {
   /// What has happened since the last call.
   std::vector<std::string> Events() {
     QCoreApplication::processEvents();
+    loop_.RunUntilIdle();
     return std::exchange(events_, {});
   }
 
@@ -687,7 +690,7 @@ TEST_F(TypedDateTest, ButtonOfAnotherWindowLeavesTheDate) {
   auto* button = new QPushButton(page);
   button->setObjectName("cmdHelp");
   page->show();
-  const Binder& binder = *new Binder(invoice, *page, hints_, locale_);
+  const Binder& binder = *new Binder(invoice, *page, hints_);
   ASSERT_EQ(binder.parent(), page);
   Type("1.3.2004");
   QTest::mousePress(button, Qt::LeftButton);
@@ -705,7 +708,7 @@ TEST_F(TypedDateTest, ToolbarButtonLeavesItToItsOwnWindow) {
   button->setObjectName("cmdMenu_8");
   button->setFocusPolicy(Qt::NoFocus);
   button->show();
-  const Binder& binder = *new Binder(main, form_.root, hints_, locale_);
+  const Binder& binder = *new Binder(main, form_.root, hints_);
   ASSERT_EQ(binder.parent(), &form_.root);
   Type("1.3.2004");
   QTest::mouseClick(button, Qt::LeftButton);
@@ -742,7 +745,7 @@ TEST_F(BinderTest, MistypedDateOfADisabledFieldTurnsBack) {
   date_.selectAll();
   QTest::keyClicks(&date_, "31.2.2004");
   model_.dtpDen.SetEnabled(false);
-  QCoreApplication::processEvents();
+  loop_.RunUntilIdle();
   EXPECT_EQ(date_.text(), "28.4.2005");
 }
 
@@ -821,13 +824,21 @@ TEST_F(BinderTest, PointerAtRestWritesNothing) {
 }
 
 TEST_F(BinderTest, NothingReachesTheModelOnceItsWindowIsClosed) {
+  date_.setFocus();
+  QTest::keyClicks(&date_, "1");
   binder_.StopListening();
+  QTest::keyClicks(&date_, "0");
+  QTest::keyClick(&date_, Qt::Key_Return);
+  QTest::keyClick(&date_, Qt::Key_F4);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   QTest::keyClicks(&edit_, "1");
   list_.setCurrentIndex(1);
   QTest::mouseMove(&button_);
   rate_.setFocus(Qt::TabFocusReason);
   EXPECT_EQ(model_.txtFaktura.text(), "");
   EXPECT_EQ(model_.cboDruh.index(), -1);
+  EXPECT_EQ(model_.dtpDen.text(), "28.4.20051");
+  EXPECT_EQ(model_.dtpDen.day(), Day(2005, 4, 28));
   EXPECT_THAT(hovered_, IsEmpty());
   EXPECT_THAT(focused_, IsEmpty());
 }
@@ -836,12 +847,11 @@ TEST(BinderDeathTest, ControlWithoutItsWidgetEndsTheProgram) {
   ui::MemoryEventLoop loop;
   ui::Window model("frmTest", ui::WindowKind::kChild, loop);
   ui::TextBox box(model, "txtNikde");
-  const LocaleFormat locale;
   EXPECT_DEATH(
       {
         HintFilter hints;
         QWidget root;
-        new Binder(model, root, hints, locale);
+        new Binder(model, root, hints);
       },
       "frmTest has no widget of its kind for txtNikde");
 }
@@ -851,14 +861,13 @@ TEST(BinderDeathTest, EditableListWhoseFormSaysOtherwiseEndsTheProgram) {
   ui::Window model("frmTest", ui::WindowKind::kChild, loop);
   ui::DropDown list(model, "cboText");
   list.SetEditable();
-  const LocaleFormat locale;
   EXPECT_DEATH(
       {
         HintFilter hints;
         QWidget root;
         auto* box = new QComboBox(&root);
         box->setObjectName("cboText");
-        new Binder(model, root, hints, locale);
+        new Binder(model, root, hints);
       },
       "frmTest has no widget of its kind for cboText");
 }

@@ -9,15 +9,9 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <optional>
-#include <string>
 
-#include "ui/controls.h"
-#include "ui/qt/clock.h"
 #include "ui/qt/pictures.h"
 #include "ui/qt/text.h"
-#include "values/date.h"
-#include "values/error.h"
 
 namespace velta::qt {
 
@@ -35,44 +29,34 @@ QPoint PopupPosition(const QWidget& field, QSize popup) {
 
 }  // namespace
 
-const ui::Clock& DateField::ComputersClock() {
-  static const Clock clock;
-  return clock;
-}
-
-DateField::DateField(QWidget* parent, const ui::Clock& clock) : QLineEdit(parent), clock_(clock) {
+DateField::DateField(QWidget* parent) : QLineEdit(parent) {
   arrow_ = addAction(Picture("dropdown"), TrailingPosition);
   arrow_->setText(QStringLiteral("Vybrat datum z kalendáře"));
   connect(arrow_, &QAction::triggered, this, &DateField::OpenCalendar);
+  connect(this, &QLineEdit::textChanged, this, &DateField::TakeText);
+}
+
+void DateField::SetModel(ui::DatePicker* model) {
+  model_ = model;
+  ShowText();
+}
+
+void DateField::ShowText() {
+  if (model_ == nullptr) return;
+  const QString text = ToQString(model_->text());
+  if (text != this->text()) setText(text);  // the cursor stays where the user types
+}
+
+void DateField::TakeText(const QString& text) {
+  if (model_ == nullptr || ToUtf8(text) == model_->text()) return;
+  model_->UserEdit(ToUtf8(text));
+  ShowText();
+  if (hasFocus() || !model_->IsBeingTyped()) return;
   // A program for people who cannot type writes into the field from afar, and never leaves it.
-  connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-    if (hasFocus() || text == ToQString(ShortDateText(day_, format_))) return;
-    QMetaObject::invokeMethod(this, &DateField::Commit, Qt::QueuedConnection);
-  });
-  ShowDay();
-}
-
-void DateField::SetFormat(const LocaleFormat& format) {
-  format_ = format;
-  ShowDay();
-}
-
-void DateField::SetDay(std::chrono::sys_days day) {
-  day_ = day;
-  ShowDay();
-}
-
-std::optional<std::chrono::sys_days> DateField::TypedDay() const {
-  Date day;
-  try {
-    // A copied cell of a table comes with its line end, which nobody sees.
-    day = ParseTypedDate(ToUtf8(text().trimmed()), format_, clock_.Now().day);
-  } catch (const Error&) {
-    return std::nullopt;
-  }
-  // What stands there by itself was not typed, even where it is beyond the range.
-  if (day == day_ || (day >= ui::DatePicker::kFirst && day <= ui::DatePicker::kLast)) return day;
-  return std::nullopt;
+  const auto commit = [this] {
+    if (model_ != nullptr) model_->UserCommit();
+  };
+  QMetaObject::invokeMethod(this, commit, Qt::QueuedConnection);
 }
 
 bool DateField::CommitsOnRelease(const QObject* pressed) {
@@ -80,68 +64,16 @@ bool DateField::CommitsOnRelease(const QObject* pressed) {
          qobject_cast<const DateField*>(pressed) != nullptr;
 }
 
-bool DateField::Commit() {
-  left_uncommitted_ = false;
-  const std::optional<Date> typed = TypedDay();
-  if (!typed) {
-    emit Mistyped();
-    return false;
-  }
-  refused_ = false;
-  Pick(*typed);
-  return !refused_;
-}
-
-void DateField::Pick(std::chrono::sys_days day) {
-  const bool other = day != day_;
-  SetDay(day);
-  if (other) emit DayPicked(day);
-}
-
-void DateField::ShowDay() {
-  const QString text = ToQString(ShortDateText(day_, format_));
-  if (text != this->text()) setText(text);
-}
-
 /// The part that was changed is marked, so that the key goes on with it.
 void DateField::Step(int by) {
-  std::optional<Date> day = TypedDay();
-  if (!day) return;
-  const DatePart part =
-      DatePartAt(ToUtf8(text()), ToUtf8(text().left(cursorPosition())).size(), format_);
-  constexpr int kMonthsOfYear = 12;
-  try {
-    day = part == DatePart::kDay
-              ? AddDays(*day, by)
-              : AddMonths(*day, part == DatePart::kMonth ? by : by * kMonthsOfYear);
-  } catch (const Error&) {
-    return;  // there are no days beyond the last
+  const auto cursor = ToUtf8(text().left(cursorPosition())).size();
+  if (const auto part = model_->UserStep(by, cursor)) {
+    setSelection(static_cast<int>(part->first), static_cast<int>(part->second));
   }
-  if (*day < ui::DatePicker::kFirst || *day > ui::DatePicker::kLast) return;
-  const std::string stepped = ShortDateText(*day, format_);
-  setText(ToQString(stepped));
-  const auto at_part = [&](std::size_t position) {
-    return DatePartAt(stepped, position, format_) == part;
-  };
-  std::size_t begin = 0;
-  while (begin < stepped.size() && !at_part(begin)) ++begin;
-  std::size_t end = begin;
-  while (end < stepped.size() && at_part(end + 1)) ++end;
-  setSelection(static_cast<int>(begin), static_cast<int>(end - begin));
-}
-
-bool DateField::CommitOthers() {
-  for (auto* other : window()->findChildren<DateField*>()) {
-    if (other == this || !other->IsUncommitted()) continue;
-    const bool is_date = other->TypedDay().has_value();
-    other->Commit();
-    if (!is_date) return false;  // the keyboard is there again
-  }
-  return true;
 }
 
 void DateField::OpenCalendar() {
-  if (popup_ != nullptr || !isEnabled() || !CommitOthers()) return;
+  if (model_ == nullptr || popup_ != nullptr || !isEnabled() || !model_->CommitOthers()) return;
   // A popup of its own and not a dialog: a click beside it puts it away.
   auto* popup = new QFrame(this, Qt::Popup);
   popup->setAttribute(Qt::WA_DeleteOnClose);
@@ -152,7 +84,7 @@ void DateField::OpenCalendar() {
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar->setMinimumDate(ToQDate(ui::DatePicker::kFirst));
   calendar->setMaximumDate(ToQDate(ui::DatePicker::kLast));
-  calendar->setSelectedDate(ToQDate(TypedDay().value_or(day_)));
+  calendar->setSelectedDate(ToQDate(model_->TypedDay().value_or(model_->day())));
   auto* layout = new QVBoxLayout(popup);
   layout->setContentsMargins(1, 1, 1, 1);
   layout->addWidget(calendar);
@@ -162,7 +94,7 @@ void DateField::OpenCalendar() {
     popup_.clear();
     popup->close();
     setFocus(Qt::PopupFocusReason);
-    Pick(ToDay(date));
+    if (model_ != nullptr) model_->UserPick(ToDay(date));
   };
   connect(calendar, &QCalendarWidget::clicked, this, take);
   connect(calendar, &QCalendarWidget::activated, this, take);  // Enter
@@ -180,14 +112,12 @@ void DateField::changeEvent(QEvent* event) {
 }
 
 void DateField::focusInEvent(QFocusEvent* event) {
-  left_uncommitted_ = false;
+  if (model_ != nullptr) model_->UserReturn();
   QLineEdit::focusInEvent(event);
 }
 
 void DateField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  if (text() == ToQString(ShortDateText(day_, format_))) return;  // nothing was typed
-  left_uncommitted_ = true;
   const Qt::FocusReason reason = event->reason();
   // A popup, the menu bar or another window has the keyboard for a while: typing goes on
   // afterwards. A button that goes down, such as another date's arrow, does not yet say what the
@@ -197,27 +127,21 @@ void DateField::focusOutEvent(QFocusEvent* event) {
       (reason == Qt::MouseFocusReason && CommitsOnRelease(QApplication::focusWidget()))) {
     return;
   }
-  if (TypedDay()) {
-    Commit();
-    return;
-  }
-  // Only when the keyboard has arrived: the message about it brings the keyboard back. From a
-  // window's frame, by which the mouse moves or closes it, the keyboard is back by itself.
-  QMetaObject::invokeMethod(
-      this, [this] { return !left_uncommitted_ || Commit(); }, Qt::QueuedConnection);
+  if (model_ != nullptr) model_->UserLeave();
 }
 
 void DateField::keyPressEvent(QKeyEvent* event) {
+  if (model_ == nullptr) return;
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: {
-      const bool is_date = TypedDay().has_value();
-      Commit();
+      const bool is_date = model_->TypedDay().has_value();
+      model_->UserCommit();
       if (is_date) selectAll();
       return;
     }
     case Qt::Key_Escape:
-      ShowDay();
+      model_->UserRevert();
       selectAll();
       return;
     case Qt::Key_F4:

@@ -84,7 +84,7 @@ class FormsTest : public ::testing::TestWithParam<std::string> {
     return root().findChild<QWidget*>(Binder::WidgetName(control));
   }
   ui::MemoryPlatform memory_;
-  WindowSystem window_system_{memory_.locale};
+  WindowSystem window_system_;
   Velta velta_{memory_.platform(window_system_), {1, 0, 0, {}}};
 };
 
@@ -333,7 +333,7 @@ class MainFormTest : public ::testing::Test {
   }
 
   ui::MemoryPlatform memory_;
-  WindowSystem window_system_{memory_.locale};
+  WindowSystem window_system_;
   Velta velta_{memory_.platform(window_system_), {1, 0, 0, {}}};
 };
 

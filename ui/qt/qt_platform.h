@@ -40,7 +40,7 @@ struct QtPlatform {
   Clock clock;
   ProgramFolder program_folder;
   WindowPlaces window_places{ToQString(program_folder.ExecutableName())};
-  WindowSystem window_system{locale, &window_places};
+  WindowSystem window_system{&window_places};
 };
 
 }  // namespace velta::qt

@@ -14,7 +14,6 @@
 #include "ui/memory/memory_platform.h"
 #include "ui/qt/window_system.h"
 #include "ui/window.h"
-#include "values/locale.h"
 
 namespace velta::qt {
 namespace {
@@ -22,7 +21,7 @@ namespace {
 /// Each session is the program anew, over what the one before left behind.
 class Session {
  public:
-  explicit Session(const WindowPlaces& places) : system_(locale_, &places) { main_view_->Show(); }
+  explicit Session(const WindowPlaces& places) : system_(&places) { main_view_->Show(); }
   ~Session() {
     if (child_view_ != nullptr) child_view_->Close();
     main_view_->Close();
@@ -47,7 +46,6 @@ class Session {
   static QMdiArea& Desktop() { return *Main().findChild<QMdiArea*>(); }
 
  private:
-  LocaleFormat locale_;
   ui::MemoryEventLoop loop_;
   WindowSystem system_;
   ui::Window main_{"frmMenu", ui::WindowKind::kMain, loop_};

@@ -35,7 +35,7 @@ class WindowSystem::View : public QObject, public ui::WindowView {
         window_(window),
         content_(content),
         frame_(frame),
-        binder_(new Binder(window, *content, system.hints_, system.locale_)) {
+        binder_(new Binder(window, *content, system.hints_)) {
     frame->installEventFilter(this);
     const QPointer<View> self(this);
     const auto show_caption = [this] { content_->setWindowTitle(ToQString(window_.caption())); };
@@ -293,8 +293,7 @@ class WindowSystem::ChildView final : public WindowSystem::View {
   std::optional<ChildPlace> place_;
 };
 
-WindowSystem::WindowSystem(const LocaleFormat& locale, const WindowPlaces* places)
-    : locale_(locale), places_(places) {
+WindowSystem::WindowSystem(const WindowPlaces* places) : places_(places) {
   qApp->installEventFilter(this);
 }
 

@@ -7,7 +7,6 @@
 #include "ui/qt/hint_filter.h"
 #include "ui/qt/window_places.h"
 #include "ui/window_system.h"
-#include "values/locale.h"
 
 class QAbstractButton;
 class QAction;
@@ -22,9 +21,8 @@ namespace velta::qt {
 /// first.
 class WindowSystem final : public QObject, public ui::WindowSystem {
  public:
-  /// `locale` must outlive the window system, and so must `places`, where the windows' places are
-  /// kept; null: nowhere.
-  explicit WindowSystem(const LocaleFormat& locale, const WindowPlaces* places = nullptr);
+  /// `places`, where the windows' places are kept, must outlive the window system; null: nowhere.
+  explicit WindowSystem(const WindowPlaces* places = nullptr);
 
   [[nodiscard]] std::unique_ptr<ui::WindowView> CreateView(ui::Window& window) override;
 
@@ -42,7 +40,6 @@ class WindowSystem final : public QObject, public ui::WindowSystem {
   void RequestHelp();
   [[nodiscard]] QAbstractButton* ButtonInActiveChild(const QKeySequence& access_key) const;
 
-  const LocaleFormat& locale_;
   const WindowPlaces* places_;
   HintFilter hints_;
   ui::Window* main_ = nullptr;

@@ -59,9 +59,8 @@ class WindowSystemTest : public ::testing::Test {
     return visible;
   }
 
-  LocaleFormat locale_;
   ui::MemoryEventLoop loop_;
-  WindowSystem system_{locale_};
+  WindowSystem system_;
   ui::Window main_{"frmMenu", ui::WindowKind::kMain, loop_};
   std::unique_ptr<ui::WindowView> main_view_ = system_.CreateView(main_);
 };

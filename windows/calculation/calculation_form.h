@@ -17,8 +17,10 @@ class CalculationForm : public Form, public CalculationWindow {
   void Settle() override;
   void PrintLater() override { tmrTiskVypoctu.SetEnabled(true); }
 
-  ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", Today()};
-  ui::DatePicker dtpZaplaceni{*this, "dtpZaplaceni", Today()};
+  ui::DatePicker dtpSplatnost{*this, "dtpSplatnost", program_.platform.clock,
+                              program_.platform.locale};
+  ui::DatePicker dtpZaplaceni{*this, "dtpZaplaceni", program_.platform.clock,
+                              program_.platform.locale};
   ui::DropDown cboDruhSazby{*this, "cboDruhSazby"};
   ui::Button cmdNovy{*this, "cmdNovy"};
   ui::Button cmdTiskVyp{*this, "cmdTiskVyp"};

@@ -325,7 +325,8 @@ TEST_P(CalculationFormTest, SeparatorsTurnIntoTheUsersOwn) {
 TEST_P(CalculationFormTest, MistypedDateIsAskedForAgain) {
   Open();
   for (ui::DatePicker* picker : {&form_->dtpSplatnost, &form_->dtpZaplaceni}) {
-    EXPECT_TRUE(picker->UserMistype());
+    EXPECT_TRUE(picker->UserEdit("31.2.2004"));
+    EXPECT_FALSE(picker->UserCommit());
     EXPECT_EQ(memory_.message_box.shown.at(0).icon, ui::Icon::kCritical);
     EXPECT_THAT(Shown(),
                 ElementsAre("Datum je chybně zadáno, zadejte je například takto: 31.12.2005\r\n"
@@ -338,7 +339,8 @@ TEST_P(CalculationFormTest, MistypedDateLeavesTheResult) {
   Open();
   ComputeSample();
   const std::string report = Report();
-  form_->dtpZaplaceni.UserMistype();
+  form_->dtpZaplaceni.UserEdit("31.2.2004");
+  form_->dtpZaplaceni.UserCommit();
   EXPECT_EQ(form_->dtpZaplaceni.day(), Day(2024, 1, 1));
   EXPECT_EQ(state().DaysLate, 365);
   EXPECT_EQ(Report(), report);
@@ -348,14 +350,16 @@ TEST_P(CalculationFormTest, MistypedDateLeavesTheResult) {
 TEST_P(CalculationFormTest, MistypedDateBringsBackTheWindowThatTheUserLeft) {
   Open();
   windows().Open("frmFaktura");
-  form_->dtpSplatnost.UserMistype();
+  form_->dtpSplatnost.UserEdit("31.2.2004");
+  form_->dtpSplatnost.UserCommit();
   EXPECT_EQ(windows().active(), form_) << "from another window its calculation would be printed";
 }
 
 TEST_P(CalculationFormTest, MistypedDateDoesNotBringBackAWindowThatIsGone) {
   Open();
   memory_.message_box.on_show = [this](const auto&) { windows().Unload(tested().name); };
-  form_->dtpSplatnost.UserMistype();
+  form_->dtpSplatnost.UserEdit("31.2.2004");
+  form_->dtpSplatnost.UserCommit();
   EXPECT_FALSE(IsOpen());
 }
 

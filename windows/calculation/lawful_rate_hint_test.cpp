@@ -97,7 +97,8 @@ TYPED_TEST(LawfulRateHintTest, FollowsTheDueDate) {
 TYPED_TEST(LawfulRateHintTest, ADateThatDoesNotExistChangesNothing) {
   this->Open();
   EXPECT_EQ(this->HintForDueDate(Day(2022, 6, 30)), "zákonná 15");
-  this->form_->dtpSplatnost.UserMistype();
+  this->form_->dtpSplatnost.UserEdit("31.2.2004");
+  this->form_->dtpSplatnost.UserCommit();
   EXPECT_EQ(this->Hint(), "zákonná 15");
 }
 
