@@ -353,6 +353,10 @@ std::string FixedText(double value, int decimals, const LocaleFormat& locale) {
   return Written(Rounded(FromDouble(value), decimals), locale);
 }
 
+std::string FixedText(Money amount, int decimals, const LocaleFormat& locale) {
+  return Written(Rounded(FromMoney(amount), decimals), locale);
+}
+
 std::string CurrencyText(Money amount, const LocaleFormat& locale) {
   return WrittenAsCurrency(FromMoney(amount), locale);
 }

@@ -66,6 +66,7 @@ std::string PlainText(Rate rate, const LocaleFormat& locale);
 /// A fixed number of decimals, rounded half away from zero on the value's 15-digit decimal
 /// text: 1.005 with two decimals is "1,01". No grouping; a value that rounds to zero has no sign.
 std::string FixedText(double value, int decimals, const LocaleFormat& locale);
+std::string FixedText(Money amount, int decimals, const LocaleFormat& locale);
 
 /// Crowns for people: two decimals rounded half away from zero on the decimal text, grouping by
 /// threes, a blank and "Kč", in every locale: "1 234,50 Kč", "-1 234,50 Kč", "1,234.50 Kč".

@@ -407,7 +407,12 @@ TEST(NumberTextTest, TextsOfAnAmount) {
     EXPECT_EQ(CurrencyText(amount, kCzech), row.currency);
     EXPECT_EQ(CurrencyText(amount, kEnglish), row.english);
     EXPECT_EQ(ToMoney(row.plain, kCzech), amount);
+    LocaleFormat ungrouped = kCzech;
+    ungrouped.group = "";
+    EXPECT_EQ(FixedText(amount, 2, kCzech) + " Kč", CurrencyText(amount, ungrouped));
   }
+  EXPECT_EQ(FixedText(Money::FromUnits(12345050), 2, kCzech), "1234,51");
+  EXPECT_EQ(FixedText(Money::FromUnits(-12345049), 2, kEnglish), "-1234.50");
 }
 
 TEST(NumberTextTest, EveryAmountReadsBackFromItsPlainText) {
