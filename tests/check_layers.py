@@ -17,6 +17,7 @@ MAY_USE = {
     "values": [],
     "engine": ["values"],
     "calc": ["values", "engine"],
+    "batch": CORE,
     "ui": ["values"],
     "ui/memory": ["values", "ui"],
     "app": ["values", "ui"],
@@ -29,7 +30,7 @@ MAY_USE = {
     "shell": WINDOWS + ["windows/single", "windows/progressive", "windows/invoice"],
 }
 # These may use other libraries than C++'s own.
-WITH_LIBRARIES = {"ui/qt"}
+WITH_LIBRARIES = {"ui/qt", "batch"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
 
 

@@ -1,0 +1,143 @@
+#include "batch/block_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "batch/columns.h"
+#include "batch/input_error.h"
+
+namespace velta {
+
+namespace {
+
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+constexpr const char* kOpenQuote = "uvozovky, které zde začínají, nikde nekončí";
+
+std::size_t Lines(std::string_view text) {
+  return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+/// The first record of a text, which may go on behind it, with its line end, and its fields. None
+/// where the text ends within a quoted field.
+std::optional<std::string_view> FirstRecord(std::string_view text, CsvParser& parser) {
+  std::size_t end = 0;
+  while (end < text.size()) {
+    const std::size_t begin = end;
+    end = std::min(text.find('\n', begin), text.size() - 1) + 1;
+    if (parser.Take(text.substr(begin, end - begin))) return text.substr(0, end);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+BlockReader::BlockReader(ReadBytes read, std::size_t block_size)
+    : read_(std::move(read)), block_size_(block_size) {}
+
+bool BlockReader::Fill(std::string& bytes) {
+  if (at_end_) return false;
+  const std::size_t size = bytes.size();
+  bytes.resize(size + block_size_);
+  const std::size_t more = read_(bytes.data() + size, block_size_);
+  bytes.resize(size + more);
+  at_end_ = more == 0;
+  return !at_end_;
+}
+
+std::string BlockReader::Header(std::optional<char> separator) {
+  // The first line is needed whole to compare the separators by it.
+  while (rest_.find('\n') == std::string::npos && rest_.size() < kMaxRecordSize && Fill(rest_)) {
+  }
+  if (rest_.starts_with(kMark)) {
+    has_mark_ = true;
+    rest_.erase(0, kMark.size());
+  }
+  if (rest_.empty()) throw InputError(0, "soubor je prázdný");
+
+  constexpr std::array<char, 3> kSeparators = {';', ',', '\t'};
+  std::size_t most = 0;
+  if (separator) {
+    separator_ = *separator;
+  } else {
+    for (const char candidate : kSeparators) {
+      CsvParser parser(candidate);
+      if (!FirstRecord(rest_, parser)) continue;
+      const std::size_t names = KnownNames(parser.fields());
+      if (names > most) {
+        most = names;
+        separator_ = candidate;
+      }
+    }
+  }
+  parser_.emplace(separator_);
+  const auto header = FirstRecord(rest_, *parser_);
+  if (!header || header->size() > kMaxRecordSize) throw InputError(1, kOpenQuote);
+  std::string record(*header);
+  rest_.erase(0, record.size());
+  line_ += Lines(record);
+  return record;
+}
+
+void BlockReader::FindRecords(Block& block) {
+  const std::string_view bytes = block.bytes;
+  const std::size_t record = block.ends.empty() ? 0 : block.ends.back();
+  // Most lines have no quote and are records; only the others need be looked at closely.
+  bool open = false;
+  std::size_t begin = record;
+  while (begin < bytes.size()) {
+    std::size_t end = bytes.find('\n', begin);
+    if (end == std::string_view::npos && !at_end_) break;
+    end = std::min(end, bytes.size() - 1) + 1;
+    const std::string_view line = bytes.substr(begin, end - begin);
+    if (open || line.find('"') != std::string_view::npos) open = !parser_->Take(line);
+    if (!open) block.ends.push_back(end);
+    begin = end;
+  }
+  // What is there of the last record is looked at again when the rest has come.
+  const std::size_t last = block.ends.empty() ? 0 : block.ends.back();
+  const bool too_long = bytes.size() - last > kMaxRecordSize;
+  if (too_long || (open && at_end_)) {
+    throw InputError(block.first_line + Lines(bytes.substr(0, last)),
+                     open ? kOpenQuote : "řádek je příliš dlouhý");
+  }
+  if (open) parser_.emplace(separator_);
+}
+
+std::string BlockReader::Group(std::string_view record) {
+  parser_->Take(record);
+  const auto& fields = parser_->fields();
+  return *together_ < fields.size() ? std::string(fields[*together_]) : std::string();
+}
+
+std::size_t BlockReader::FirstOfLastGroup(const Block& block) {
+  std::size_t first = block.ends.size() - 1;
+  const std::string group = Group(block.Record(first));
+  while (first > 0 && Group(block.Record(first - 1)) == group) --first;
+  return first;
+}
+
+bool BlockReader::Next(Block& block) {
+  block.bytes.clear();
+  block.bytes.swap(rest_);
+  block.ends.clear();
+  block.first_line = line_;
+  std::size_t records = 0;
+  for (std::size_t size = block_size_; records == 0; size = 2 * block.bytes.size()) {
+    while (block.bytes.size() < size && Fill(block.bytes)) {
+    }
+    FindRecords(block);
+    records = block.ends.size();
+    if (at_end_) break;
+    if (records > 0 && together_) records = FirstOfLastGroup(block);
+  }
+  if (records == 0) return false;
+  block.ends.resize(records);
+  const std::size_t end = block.ends.back();
+  rest_.assign(block.bytes, end);
+  block.bytes.resize(end);
+  line_ += Lines(block.bytes);
+  return true;
+}
+
+}  // namespace velta
