@@ -48,6 +48,18 @@ void CheckEncoding(const Block& block) {
   }
 }
 
+/// A field of an object is found by its name alone.
+void CheckNames(const std::vector<std::string>& names) {
+  for (auto name = names.begin(); name != names.end(); ++name) {
+    if (name->empty()) {
+      throw InputError(1, "sloupec " + std::to_string(name - names.begin() + 1) + " nemá jméno");
+    }
+    if (std::find(name + 1, names.end(), *name) != names.end()) {
+      throw InputError(1, "sloupec " + *name + " je v hlavičce dvakrát");
+    }
+  }
+}
+
 /// Computes blocks; one for each thread.
 class BlockComputer {
  public:
@@ -75,7 +87,7 @@ class BlockComputer {
       const bool first = invoice.empty() || invoice != before;
       const bool last = invoice.empty() || invoice != next;
       calculation_.Compute(fields, first, last, outcome_);
-      if (!invoice.empty() || !before.empty()) before = invoice;
+      before = invoice;
       writer_.Row(block.Record(i), fields, outcome_, result.text);
       ++result.rows;
       if (!outcome_.error.empty()) ++result.errors;
@@ -110,7 +122,9 @@ BatchCounts RunBatch(const BatchOptions& options, const BankTables& tables,
   rules.rounding = options.rounding;
   rules.by_half_years = options.by_half_years;
   form.columns = rules.columns;
-  if (rules.columns.invoice) reader.KeepTogether(*rules.columns.invoice);
+  if (rules.columns.invoice && rules.columns.debt) reader.KeepTogether(*rules.columns.invoice);
+
+  if (options.format == OutputFormat::kJsonLines) CheckNames(form.names);
 
   std::optional<Block> first(std::in_place);
   if (!reader.Next(*first)) first.reset();

@@ -6,6 +6,7 @@
 
 #include "batch/columns.h"
 #include "batch/input_error.h"
+#include "engine/rate_files.h"
 
 namespace velta {
 
@@ -107,12 +108,14 @@ void BlockReader::FindRecords(Block& block) {
 std::string BlockReader::Group(std::string_view record) {
   parser_->Take(record);
   const auto& fields = parser_->fields();
-  return *together_ < fields.size() ? std::string(fields[*together_]) : std::string();
+  if (*together_ >= fields.size()) return {};
+  return std::string(Trimmed(fields[*together_]));
 }
 
 std::size_t BlockReader::FirstOfLastGroup(const Block& block) {
   std::size_t first = block.ends.size() - 1;
   const std::string group = Group(block.Record(first));
+  if (group.empty()) return block.ends.size();
   while (first > 0 && Group(block.Record(first - 1)) == group) --first;
   return first;
 }
@@ -130,6 +133,9 @@ bool BlockReader::Next(Block& block) {
     records = block.ends.size();
     if (at_end_) break;
     if (records > 0 && together_) records = FirstOfLastGroup(block);
+    if (records == 0 && block.bytes.size() > kMaxGroupSize) {
+      throw InputError(block.first_line, "faktura má příliš mnoho řádků");
+    }
   }
   if (records == 0) return false;
   block.ends.resize(records);

@@ -35,6 +35,9 @@ class BlockReader {
   /// No record may be longer: it could only be a quote that nobody has closed.
   static constexpr std::size_t kMaxRecordSize = std::size_t{1} << 20U;
 
+  /// Nor may the rows that are kept together take more.
+  static constexpr std::size_t kMaxGroupSize = std::size_t{64} << 20U;
+
   /// `block_size` is about how many bytes a block has.
   explicit BlockReader(ReadBytes read, std::size_t block_size = kBlockSize);
 
@@ -46,12 +49,12 @@ class BlockReader {
   std::string Header(std::optional<char> separator);
   char separator() const { return separator_; }
 
-  /// Rows next to each other with the same text in this column stay in one block, however long it
-  /// becomes.
+  /// Rows next to each other with the same text in this column stay in one block, blanks around it
+  /// aside; those with none do not matter.
   void KeepTogether(std::size_t column) { together_ = column; }
 
-  /// Hands out the next block; false at the end of the file. A quote that is not closed, and what
-  /// `read` throws: InputError.
+  /// Hands out the next block; false at the end of the file. A quote that is not closed, a
+  /// limit of the above, and what `read` throws: InputError.
   bool Next(Block& block);
 
  private:

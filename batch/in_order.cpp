@@ -22,7 +22,8 @@ class Run {
     while (TakeBlock(block, turn)) {
       std::exception_ptr failure;
       try {
-        result = {};
+        result.text.clear();
+        result.rows = result.errors = 0;
         compute(block, result);
       } catch (...) {
         failure = std::current_exception();

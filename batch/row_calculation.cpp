@@ -46,8 +46,16 @@ std::string_view RowCalculation::Field(const Fields& fields,
 }
 
 std::string_view RowCalculation::InvoiceOf(const Fields& fields) const {
-  if (fields.size() != rules_.columns.count) return {};
-  return Field(fields, rules_.columns.invoice);
+  const FileColumns& columns = rules_.columns;
+  // Without the amount that is owed there is nothing to pay off.
+  if (!columns.debt || !columns.invoice || *columns.invoice >= fields.size()) return {};
+  return Trimmed(fields[*columns.invoice]);
+}
+
+void RowCalculation::CheckCount(const Fields& fields) const {
+  if (fields.size() == rules_.columns.count) return;
+  throw RowError{"počet polí je " + std::to_string(fields.size()) + ", v hlavičce jich je " +
+                 std::to_string(rules_.columns.count)};
 }
 
 KindOfRow RowCalculation::ReadKind(std::string_view text) {
@@ -121,8 +129,7 @@ void RowCalculation::ComputeSingle(const Fields& fields, RowOutcome& outcome) {
 }
 
 void RowCalculation::BeginInvoice(const Fields& fields, bool last) {
-  invoice_.reset();
-  invoice_error_.clear();
+  CheckCount(fields);
   const std::string_view debt = Field(fields, rules_.columns.debt);
   if (debt.empty()) {
     // A single payment needs no debt: it is the debt.
@@ -215,34 +222,36 @@ void RowCalculation::Compute(const Fields& fields, bool first, bool last, RowOut
                                  [](std::string_view field) { return Trimmed(field).empty(); });
   if (empty) return;
   try {
-    if (fields.size() != rules_.columns.count) {
-      throw RowError{"počet polí je " + std::to_string(fields.size()) + ", v hlavičce jich je " +
-                     std::to_string(rules_.columns.count)};
-    }
     if (InvoiceOf(fields).empty()) {
+      CheckCount(fields);
       ComputeSingle(fields, outcome);
-      return;
+    } else {
+      ComputeOfInvoice(fields, first, last, outcome);
     }
-    if (first) {
-      try {
-        BeginInvoice(fields, last);
-      } catch (const RowError& error) {
-        invoice_error_ = error.reason;
-      } catch (const Error& error) {
-        invoice_error_ = ErrorDescription(error.number());
-      }
-    }
-    if (!invoice_error_.empty()) throw RowError{invoice_error_};
-    if (!invoice_) {
-      ComputeSingle(fields, outcome);
-      return;
-    }
-    if (!first) CheckSameInvoice(fields);
-    AddPayment(fields, outcome);
   } catch (const RowError& error) {
     outcome.error = error.reason;
   } catch (const Error& error) {
     outcome.error = ErrorDescription(error.number());
+  }
+}
+
+void RowCalculation::ComputeOfInvoice(const Fields& fields, bool first, bool last,
+                                      RowOutcome& outcome) {
+  if (first) {
+    invoice_.reset();
+    // Until it is found to be in order; then the other rows rely on it.
+    first_row_is_wrong_ = true;
+    BeginInvoice(fields, last);
+    first_row_is_wrong_ = false;
+  } else {
+    CheckCount(fields);
+    if (first_row_is_wrong_) throw RowError{"první řádek faktury je chybný"};
+    CheckSameInvoice(fields);
+  }
+  if (invoice_) {
+    AddPayment(fields, outcome);
+  } else {
+    ComputeSingle(fields, outcome);
   }
 }
 

@@ -53,7 +53,7 @@ class RowCalculation {
   /// for what is wrong with a row.
   void Compute(const Fields& fields, bool first, bool last, RowOutcome& outcome);
 
-  /// Which invoice a row belongs to; "" where to none.
+  /// Which invoice a row belongs to; "" where to none, as in a file without the column of debts.
   std::string_view InvoiceOf(const Fields& fields) const;
 
  private:
@@ -64,10 +64,12 @@ class RowCalculation {
     Rate rate = 0;  ///< of a typed kind
   };
 
+  void CheckCount(const Fields& fields) const;
   std::string_view Field(const Fields& fields, std::optional<std::size_t> column) const;
   Terms ReadTerms(const Fields& fields);
   KindOfRow ReadKind(std::string_view text);
   void ComputeSingle(const Fields& fields, RowOutcome& outcome);
+  void ComputeOfInvoice(const Fields& fields, bool first, bool last, RowOutcome& outcome);
   void BeginInvoice(const Fields& fields, bool last);
   void CheckSameInvoice(const Fields& fields);
   void AddPayment(const Fields& fields, RowOutcome& outcome);
@@ -85,8 +87,9 @@ class RowCalculation {
   Terms terms_;
   Money debt_;
   std::string_view regime_;
-  std::optional<ProgressiveCalculation> invoice_;  ///< none where it cannot be computed
-  std::string invoice_error_;                      ///< or as each row was for itself: then it is ""
+  std::optional<ProgressiveCalculation>
+      invoice_;  ///< none where it has a single row without a debt
+  bool first_row_is_wrong_ = false;
 };
 
 }  // namespace velta
