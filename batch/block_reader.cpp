@@ -14,18 +14,21 @@ namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr const char* kOpenQuote = "uvozovky, které zde začínají, nikde nekončí";
+constexpr const char* kTooLong = "řádek je příliš dlouhý";
 
 std::size_t Lines(std::string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
-/// The first record of a text, which may go on behind it, with its line end, and its fields. None
-/// where the text ends within a quoted field.
-std::optional<std::string_view> FirstRecord(std::string_view text, CsvParser& parser) {
+/// The first record of a text, with its line end; its fields are then those of `parser`. None where
+/// the text ends within it; `whole`: unless nothing more comes.
+std::optional<std::string_view> FirstRecord(std::string_view text, bool whole, CsvParser& parser) {
   std::size_t end = 0;
   while (end < text.size()) {
     const std::size_t begin = end;
-    end = std::min(text.find('\n', begin), text.size() - 1) + 1;
+    end = text.find('\n', begin);
+    if (end == text.npos && !whole) return std::nullopt;
+    end = std::min(end, text.size() - 1) + 1;
     if (parser.Take(text.substr(begin, end - begin))) return text.substr(0, end);
   }
   return std::nullopt;
@@ -46,38 +49,55 @@ bool BlockReader::Fill(std::string& bytes) {
   return !at_end_;
 }
 
-std::string BlockReader::Header(std::optional<char> separator) {
-  // The first line is needed whole to compare the separators by it.
-  while (rest_.find('\n') == std::string::npos && rest_.size() < kMaxRecordSize && Fill(rest_)) {
-  }
-  if (rest_.starts_with(kMark)) {
-    has_mark_ = true;
-    rest_.erase(0, kMark.size());
-  }
-  if (rest_.empty()) throw InputError(0, "soubor je prázdný");
-
+void BlockReader::ChooseSeparator() {
   constexpr std::array<char, 3> kSeparators = {';', ',', '\t'};
   std::size_t most = 0;
-  if (separator) {
-    separator_ = *separator;
-  } else {
-    for (const char candidate : kSeparators) {
-      CsvParser parser(candidate);
-      if (!FirstRecord(rest_, parser)) continue;
-      const std::size_t names = KnownNames(parser.fields());
-      if (names > most) {
-        most = names;
-        separator_ = candidate;
-      }
-    }
+  for (const char candidate : kSeparators) {
+    CsvParser parser(candidate);
+    if (!FirstRecord(rest_, at_end_, parser)) continue;
+    const std::size_t names = KnownNames(parser.fields());
+    if (names <= most) continue;
+    most = names;
+    separator_ = candidate;
   }
-  parser_.emplace(separator_);
-  const auto header = FirstRecord(rest_, *parser_);
-  if (!header || header->size() > kMaxRecordSize) throw InputError(1, kOpenQuote);
+}
+
+std::string BlockReader::Header(std::optional<char> separator) {
+  std::optional<std::string_view> header;
+  do {
+    if (rest_.size() > kMaxRecordSize) throw InputError(1, kTooLong);
+    Fill(rest_);
+    if (!has_mark_ && rest_.starts_with(kMark)) {
+      has_mark_ = true;
+      rest_.erase(0, kMark.size());
+    }
+    if (separator) {
+      separator_ = *separator;
+    } else {
+      ChooseSeparator();
+    }
+    parser_.emplace(separator_);
+    header = FirstRecord(rest_, at_end_, *parser_);
+  } while (!header && !at_end_);
+  if (rest_.empty()) throw InputError(0, "soubor je prázdný");
+  if (!header) throw InputError(1, kOpenQuote);
   std::string record(*header);
   rest_.erase(0, record.size());
   line_ += Lines(record);
   return record;
+}
+
+/// The line behind the records that are found.
+std::size_t BlockReader::FirstOpenLine(const Block& block) {
+  const std::string_view found(block.bytes.data(), block.ends.empty() ? 0 : block.ends.back());
+  return block.first_line + Lines(found);
+}
+
+void BlockReader::CheckSize(const Block& block, std::size_t end) {
+  const std::size_t begin = block.ends.empty() ? 0 : block.ends.back();
+  if (end - begin <= kMaxRecordSize) return;
+  const bool quoted = block.bytes.find('"', begin) < end;
+  throw InputError(FirstOpenLine(block), quoted ? kOpenQuote : kTooLong);
 }
 
 void BlockReader::FindRecords(Block& block) {
@@ -92,17 +112,15 @@ void BlockReader::FindRecords(Block& block) {
     end = std::min(end, bytes.size() - 1) + 1;
     const std::string_view line = bytes.substr(begin, end - begin);
     if (open || line.find('"') != std::string_view::npos) open = !parser_->Take(line);
-    if (!open) block.ends.push_back(end);
     begin = end;
+    if (open) continue;
+    CheckSize(block, end);
+    block.ends.push_back(end);
   }
   // What is there of the last record is looked at again when the rest has come.
-  const std::size_t last = block.ends.empty() ? 0 : block.ends.back();
-  const bool too_long = bytes.size() - last > kMaxRecordSize;
-  if (too_long || (open && at_end_)) {
-    throw InputError(block.first_line + Lines(bytes.substr(0, last)),
-                     open ? kOpenQuote : "řádek je příliš dlouhý");
-  }
+  if (open && at_end_) throw InputError(FirstOpenLine(block), kOpenQuote);
   if (open) parser_.emplace(separator_);
+  CheckSize(block, bytes.size());
 }
 
 std::string BlockReader::Group(std::string_view record) {

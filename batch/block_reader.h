@@ -59,7 +59,10 @@ class BlockReader {
 
  private:
   bool Fill(std::string& bytes);
+  void ChooseSeparator();
   void FindRecords(Block& block);
+  static std::size_t FirstOpenLine(const Block& block);
+  static void CheckSize(const Block& block, std::size_t end);
   std::size_t FirstOfLastGroup(const Block& block);
   std::string Group(std::string_view record);
 
