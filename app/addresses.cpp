@@ -6,9 +6,9 @@ namespace velta {
 
 namespace {
 
-void Open(const Program& program, const std::string& link, const std::string& address) {
-  if (program.platform.opener.Open(link)) return;
-  program.platform.message_box.Show(ui::Icon::kCritical, kTitle, NothingOpens(address));
+void Open(const ui::Platform& platform, const std::string& link, const std::string& address) {
+  if (platform.opener.Open(link)) return;
+  platform.message_box.Show(ui::Icon::kCritical, kTitle, NothingOpens(address));
 }
 
 }  // namespace
@@ -17,10 +17,12 @@ std::string NothingOpens(const std::string& address) {
   return "Nenalezen program, který otevře adresu " + address;
 }
 
-void OpenWeb(Program& program, const std::string& address) { Open(program, address, address); }
+void OpenWeb(const ui::Platform& platform, const std::string& address) {
+  Open(platform, address, address);
+}
 
-void OpenMail(Program& program, const std::string& address) {
-  Open(program, "mailto:" + address, address);
+void OpenMail(const ui::Platform& platform, const std::string& address) {
+  Open(platform, "mailto:" + address, address);
 }
 
 }  // namespace velta

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/program.h"
+#include "ui/platform.h"
 
 /// The maker's addresses. The domain is reserved for examples and belongs to nobody.
 namespace velta {
@@ -13,8 +13,8 @@ inline constexpr const char* kSupportMail = "podpora@velta.example";
 
 /// Opens a web address, or a new message to a mail address, in the user's own program. Where there
 /// is none the user is told so.
-void OpenWeb(Program& program, const std::string& address);
-void OpenMail(Program& program, const std::string& address);
+void OpenWeb(const ui::Platform& platform, const std::string& address);
+void OpenMail(const ui::Platform& platform, const std::string& address);
 
 /// What the user is told where no program takes an address.
 std::string NothingOpens(const std::string& address);

@@ -12,9 +12,9 @@ using ::testing::ElementsAre;
 
 TEST(AddressesTest, AreHandedToTheDesktop) {
   ui::MemoryPlatform memory;
-  Program program{memory.platform(), {}};
-  OpenWeb(program, kSupportPage);
-  OpenMail(program, kSupportMail);
+  const ui::Platform platform = memory.platform();
+  OpenWeb(platform, kSupportPage);
+  OpenMail(platform, kSupportMail);
   EXPECT_THAT(memory.opener.opened,
               ElementsAre("https://velta.example/podpora/", "mailto:podpora@velta.example"));
 }
@@ -22,9 +22,9 @@ TEST(AddressesTest, AreHandedToTheDesktop) {
 TEST(AddressesTest, WhatNothingOpensIsToldWithItsAddress) {
   ui::MemoryPlatform memory;
   memory.opener.fails = true;
-  Program program{memory.platform(), {}};
-  OpenWeb(program, kHomePage);
-  OpenMail(program, kSupportMail);
+  const ui::Platform platform = memory.platform();
+  OpenWeb(platform, kHomePage);
+  OpenMail(platform, kSupportMail);
   ASSERT_EQ(memory.message_box.shown.size(), 2U);
   EXPECT_EQ(memory.message_box.shown[0].text,
             "Nenalezen program, který otevře adresu https://velta.example/");

@@ -19,7 +19,8 @@ Form::Form(Program& program, std::string name, ui::WindowKind kind)
       unit_(this->name() + ".frm"),
       event_prefix_(EventPrefix(kind)) {
   On(MouseMove, event_prefix_ + "MouseMove", [this] { program_.status.ClearHint(); });
-  On(HelpRequested, event_prefix_ + "KeyDown", [this] { OpenHelp(program_, help_topic()); });
+  On(HelpRequested, event_prefix_ + "KeyDown",
+     [this] { OpenHelp(program_.platform, help_topic()); });
 }
 
 void Form::Load() {

@@ -18,9 +18,9 @@ std::string HelpFilePath(const ui::ProgramFolder& folder) {
 
 }  // namespace
 
-void OpenHelp(Program& program, std::optional<HelpTopic> topic) {
-  ui::HelpViewer& viewer = program.platform.help_viewer;
-  const std::string file = HelpFilePath(program.platform.program_folder);
+void OpenHelp(const ui::Platform& platform, std::optional<HelpTopic> topic) {
+  ui::HelpViewer& viewer = platform.help_viewer;
+  const std::string file = HelpFilePath(platform.program_folder);
   const bool opened =
       topic ? viewer.OpenTopic(file, static_cast<int>(*topic)) : viewer.OpenContents(file);
   if (!opened) throw Error(ErrorNumber::kFileNotFound);

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/program.h"
+#include "ui/platform.h"
 
 namespace velta {
 
@@ -12,6 +12,6 @@ inline constexpr const char* kHelpFileName = "VELTA.CHM";
 enum class HelpTopic { kSingle = 70, kInvoice = 110 };
 
 /// Opens the help at a topic, or at its contents. A file or a topic that is not there: Error 53.
-void OpenHelp(Program& program, std::optional<HelpTopic> topic = std::nullopt);
+void OpenHelp(const ui::Platform& platform, std::optional<HelpTopic> topic = std::nullopt);
 
 }  // namespace velta

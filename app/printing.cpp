@@ -8,22 +8,24 @@ namespace velta {
 
 namespace {
 
-bool Print(Program& program, const std::unique_ptr<ui::PrintJob>& job,
+bool Print(const std::unique_ptr<ui::PrintJob>& job, StatusLine& status,
            const ui::PrintedDocument& document) {
   if (job == nullptr) return false;
   if (!job->Print(document)) throw Error(ErrorNumber::kPrinter);
-  if (!job->file().empty()) program.status.ShowHint("Uloženo do souboru " + job->file());
+  if (!job->file().empty()) status.ShowHint("Uloženo do souboru " + job->file());
   return true;
 }
 
 }  // namespace
 
-bool PrintWithDialog(Program& program, const ui::PrintedDocument& document) {
-  return Print(program, program.platform.printer.AskUser(document.name), document);
+bool PrintWithDialog(ui::Printer& printer, StatusLine& status,
+                     const ui::PrintedDocument& document) {
+  return Print(printer.AskUser(document.name), status, document);
 }
 
-bool PrintOnDefaultPrinter(Program& program, const ui::PrintedDocument& document) {
-  return Print(program, program.platform.printer.Default(document.name), document);
+bool PrintOnDefaultPrinter(ui::Printer& printer, StatusLine& status,
+                           const ui::PrintedDocument& document) {
+  return Print(printer.Default(document.name), status, document);
 }
 
 }  // namespace velta

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/program.h"
+#include "app/status_line.h"
 #include "ui/printer.h"
 
 namespace velta {
@@ -8,7 +8,8 @@ namespace velta {
 /// Print a document on a printer that the user chooses in the system's dialog, respectively on his
 /// default printer (with the dialog where there is none). Where it went to a file, the status line
 /// says to which. Return false where the user cancelled. A printer that fails: Error 482.
-bool PrintWithDialog(Program& program, const ui::PrintedDocument& document);
-bool PrintOnDefaultPrinter(Program& program, const ui::PrintedDocument& document);
+bool PrintWithDialog(ui::Printer& printer, StatusLine& status, const ui::PrintedDocument& document);
+bool PrintOnDefaultPrinter(ui::Printer& printer, StatusLine& status,
+                           const ui::PrintedDocument& document);
 
 }  // namespace velta

@@ -22,13 +22,13 @@ class PrintingTest : public ::testing::Test {
 
   ui::MemoryPlatform memory_;
   ui::Window window_{"frmMenu", ui::WindowKind::kMain, memory_.event_loop};
-  Program program_{memory_.platform(), {}};
+  StatusLine status_;
   const ui::PrintedDocument document_{"Faktura", "Courier New CE", 10, {{"řádek"}}};
 };
 
 TEST_F(PrintingTest, WithTheDialogAsTheUserChooses) {
   printer().answer = 3;
-  EXPECT_TRUE(PrintWithDialog(program_, document_));
+  EXPECT_TRUE(PrintWithDialog(printer(), status_, document_));
   EXPECT_EQ(printer().asked, std::vector<std::string>{"Faktura"});
   ASSERT_EQ(printer().printed.size(), 1U);
   EXPECT_EQ(printer().printed[0].copies, 3);
@@ -37,7 +37,7 @@ TEST_F(PrintingTest, WithTheDialogAsTheUserChooses) {
 
 TEST_F(PrintingTest, OnTheDefaultPrinterOneCopyWithoutAQuestion) {
   printer().answer = 3;
-  EXPECT_TRUE(PrintOnDefaultPrinter(program_, document_));
+  EXPECT_TRUE(PrintOnDefaultPrinter(printer(), status_, document_));
   EXPECT_TRUE(printer().asked.empty());
   ASSERT_EQ(printer().printed.size(), 1U);
   EXPECT_EQ(printer().printed[0].copies, 1);
@@ -46,7 +46,7 @@ TEST_F(PrintingTest, OnTheDefaultPrinterOneCopyWithoutAQuestion) {
 TEST_F(PrintingTest, WithoutADefaultPrinterTheUserIsAsked) {
   printer().has_default = false;
   printer().answer = 2;
-  EXPECT_TRUE(PrintOnDefaultPrinter(program_, document_));
+  EXPECT_TRUE(PrintOnDefaultPrinter(printer(), status_, document_));
   EXPECT_EQ(printer().asked, std::vector<std::string>{"Faktura"});
   ASSERT_EQ(printer().printed.size(), 1U);
   EXPECT_EQ(printer().printed[0].copies, 2);
@@ -54,28 +54,29 @@ TEST_F(PrintingTest, WithoutADefaultPrinterTheUserIsAsked) {
 
 TEST_F(PrintingTest, StatusLineSaysToWhichFileItWent) {
   ui::Label status{window_, "lblMSG"};
-  program_.status.Attach(&status);
-  EXPECT_TRUE(PrintWithDialog(program_, document_));
+  status_.Attach(&status);
+  EXPECT_TRUE(PrintWithDialog(printer(), status_, document_));
   EXPECT_EQ(status.caption(), "") << "a printer is no file";
   printer().file = "/home/novak/Faktura.pdf";
-  EXPECT_TRUE(PrintWithDialog(program_, document_));
+  EXPECT_TRUE(PrintWithDialog(printer(), status_, document_));
   EXPECT_EQ(status.caption(), "Uloženo do souboru /home/novak/Faktura.pdf");
-  program_.status.Attach(nullptr);
+  status_.Attach(nullptr);
 }
 
 TEST_F(PrintingTest, CancelledDialogPrintsNothing) {
   printer().has_default = false;
   printer().answer = std::nullopt;
-  EXPECT_FALSE(PrintWithDialog(program_, document_));
-  EXPECT_FALSE(PrintOnDefaultPrinter(program_, document_));
+  EXPECT_FALSE(PrintWithDialog(printer(), status_, document_));
+  EXPECT_FALSE(PrintOnDefaultPrinter(printer(), status_, document_));
   EXPECT_EQ(printer().asked.size(), 2U);
   EXPECT_TRUE(printer().printed.empty());
 }
 
 TEST_F(PrintingTest, PrinterThatFailsIsError482) {
   printer().fails = true;
-  EXPECT_EQ(Thrown([&] { PrintWithDialog(program_, document_); }), ErrorNumber::kPrinter);
-  EXPECT_EQ(Thrown([&] { PrintOnDefaultPrinter(program_, document_); }), ErrorNumber::kPrinter);
+  EXPECT_EQ(Thrown([&] { PrintWithDialog(printer(), status_, document_); }), ErrorNumber::kPrinter);
+  EXPECT_EQ(Thrown([&] { PrintOnDefaultPrinter(printer(), status_, document_); }),
+            ErrorNumber::kPrinter);
 }
 
 }  // namespace

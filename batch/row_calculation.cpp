@@ -152,8 +152,7 @@ void RowCalculation::BeginInvoice(const Fields& fields, bool last) {
     rate = *found;
   }
   invoice_.emplace(
-      ProgressiveCalculation::Debt{terms_.due, debt_, kind, std::string(regime_), rate},
-      rules_.rounding);
+      ProgressiveCalculation::Debt{terms_.due, debt_, kind, std::string(regime_), rate});
 }
 
 void RowCalculation::CheckSameInvoice(const Fields& fields) {
@@ -192,7 +191,8 @@ void RowCalculation::AddPayment(const Fields& fields, RowOutcome& outcome) {
                                        : RepoPeriods(tables_.repo, terms_.due, paid, amount));
   }
   const Money total_before = invoice_->total();
-  const Payment payment = Given(invoice_->Add(invoice_->Compute(paid, amount, std::move(periods))));
+  const Payment payment =
+      Given(invoice_->Add(invoice_->Compute(paid, amount, rules_.rounding, std::move(periods))));
   // What the window counts into its total: each half-year as it is listed, the only payment of an
   // invoice within one half-year rounded.
   const Money interest = invoice_->total() - total_before;

@@ -40,11 +40,11 @@ std::optional<Refusal> Refused(const SingleInputs& inputs, const BankTables& tab
 
 struct TypedCase {
   const char* name;
-  Rounding rounding;
   const char* amount;
   RateKind kind;
   Rate rate;
   int days;
+  Rounding rounding;
   const char* interest;
   const char* total;
 };
@@ -54,55 +54,55 @@ using Rule = Rounding;
 
 // The worked examples of the formulas and of the rounding, counted by hand.
 const TypedCase kTyped[] = {
-    {"a year", Rule::kNone, "10000", Kind::kPercentYearly, 10, 365, "1 000,00 Kč", "11 000,00 Kč"},
-    {"a leap year", Rule::kNone, "10000", Kind::kPercentYearly, 10, 366, "1 002,74 Kč",
+    {"a year", "10000", Kind::kPercentYearly, 10, 365, Rule::kNone, "1 000,00 Kč", "11 000,00 Kč"},
+    {"a leap year", "10000", Kind::kPercentYearly, 10, 366, Rule::kNone, "1 002,74 Kč",
      "11 002,74 Kč"},
-    {"up to 10 haléř", Rule::kUpToTenHaler, "10000", Kind::kPercentYearly, 10, 366, "1 002,80 Kč",
+    {"up to 10 haléř", "10000", Kind::kPercentYearly, 10, 366, Rule::kUpToTenHaler, "1 002,80 Kč",
      "11 002,80 Kč"},
-    {"to crowns", Rule::kToCrowns, "10000", Kind::kPercentYearly, 10, 366, "1 003,00 Kč",
+    {"to crowns", "10000", Kind::kPercentYearly, 10, 366, Rule::kToCrowns, "1 003,00 Kč",
      "11 003,00 Kč"},
-    {"a foreign word rounds nothing", Rule::kUnknown, "10000", Kind::kPercentYearly, 10, 366,
+    {"a foreign word rounds nothing", "10000", Kind::kPercentYearly, 10, 366, Rule::kUnknown,
      "1 002,74 Kč", "11 002,74 Kč"},
-    {"a rate by the day", Rule::kNone, "1000000", Kind::kPercentDaily, 0.05F, 100, "50 000,00 Kč",
+    {"a rate by the day", "1000000", Kind::kPercentDaily, 0.05F, 100, Rule::kNone, "50 000,00 Kč",
      "1 050 000,00 Kč"},
-    {"the single lies above 0,05", Rule::kUpToTenHaler, "10000000", Kind::kPercentDaily, 0.05F, 100,
+    {"the single lies above 0,05", "10000000", Kind::kPercentDaily, 0.05F, 100, Rule::kUpToTenHaler,
      "500 000,10 Kč", "10 500 000,10 Kč"},
-    {"per mille a year", Rule::kNone, "10000", Kind::kPerMilleYearly, 85, 365, "850,00 Kč",
+    {"per mille a year", "10000", Kind::kPerMilleYearly, 85, 365, Rule::kNone, "850,00 Kč",
      "10 850,00 Kč"},
-    {"per mille a day", Rule::kNone, "10000", Kind::kPerMilleDaily, 0.5F, 45, "225,00 Kč",
+    {"per mille a day", "10000", Kind::kPerMilleDaily, 0.5F, 45, Rule::kNone, "225,00 Kč",
      "10 225,00 Kč"},
-    {"crowns a day", Rule::kNone, "10000", Kind::kCrownsDaily, 15, 10, "150,00 Kč", "10 150,00 Kč"},
-    {"crowns a year", Rule::kUpToTenHaler, "5000", Kind::kCrownsYearly, 1500, 10, "41,10 Kč",
+    {"crowns a day", "10000", Kind::kCrownsDaily, 15, 10, Rule::kNone, "150,00 Kč", "10 150,00 Kč"},
+    {"crowns a year", "5000", Kind::kCrownsYearly, 1500, 10, Rule::kUpToTenHaler, "41,10 Kč",
      "5 041,10 Kč"},
-    {"a tie to the even crown below", Rule::kToCrowns, "4562,50", Kind::kPercentYearly, 1, 100,
+    {"a tie to the even crown below", "4562,50", Kind::kPercentYearly, 1, 100, Rule::kToCrowns,
      "12,00 Kč", "4 574,50 Kč"},
-    {"a tie to the even crown above", Rule::kToCrowns, "4927,50", Kind::kPercentYearly, 1, 100,
+    {"a tie to the even crown above", "4927,50", Kind::kPercentYearly, 1, 100, Rule::kToCrowns,
      "14,00 Kč", "4 941,50 Kč"},
-    {"90 days", Rule::kNone, "10000", Kind::kPercentYearly, 8, 90, "197,26 Kč", "10 197,26 Kč"},
-    {"58 days", Rule::kNone, "10000", Kind::kPercentYearly, 8.5F, 58, "135,07 Kč", "10 135,07 Kč"},
-    {"30 days", Rule::kNone, "15000", Kind::kPercentYearly, 10, 30, "123,29 Kč", "15 123,29 Kč"},
+    {"90 days", "10000", Kind::kPercentYearly, 8, 90, Rule::kNone, "197,26 Kč", "10 197,26 Kč"},
+    {"58 days", "10000", Kind::kPercentYearly, 8.5F, 58, Rule::kNone, "135,07 Kč", "10 135,07 Kč"},
+    {"30 days", "15000", Kind::kPercentYearly, 10, 30, Rule::kNone, "123,29 Kč", "15 123,29 Kč"},
     // Where another order of the operations would show another amount.
-    {"order, by the day", Rule::kUpToTenHaler, "11185,65", Kind::kPercentDaily, 23, 398,
+    {"order, by the day", "11185,65", Kind::kPercentDaily, 23, 398, Rule::kUpToTenHaler,
      "1 023 934,40 Kč", "1 035 120,05 Kč"},
-    {"order, per mille a year", Rule::kUpToTenHaler, "7358,75", Kind::kPerMilleYearly, 23, 292,
+    {"order, per mille a year", "7358,75", Kind::kPerMilleYearly, 23, 292, Rule::kUpToTenHaler,
      "135,50 Kč", "7 494,25 Kč"},
-    {"order, per mille a day", Rule::kUpToTenHaler, "14755,88", Kind::kPerMilleDaily, 8.25F, 100,
+    {"order, per mille a day", "14755,88", Kind::kPerMilleDaily, 8.25F, 100, Rule::kUpToTenHaler,
      "12 173,70 Kč", "26 929,58 Kč"},
-    {"order, divisions", Rule::kUpToTenHaler, "13496,50", Kind::kPercentYearly, 19, 219,
+    {"order, divisions", "13496,50", Kind::kPercentYearly, 19, 219, Rule::kUpToTenHaler,
      "1 538,60 Kč", "15 035,10 Kč"},
-    {"order, days", Rule::kUpToTenHaler, "15491,01", Kind::kPercentYearly, 10, 365, "1 549,10 Kč",
+    {"order, days", "15491,01", Kind::kPercentYearly, 10, 365, Rule::kUpToTenHaler, "1 549,10 Kč",
      "17 040,11 Kč"},
-    {"order, rate", Rule::kUpToTenHaler, "3028,85", Kind::kPercentYearly, 26, 365, "787,50 Kč",
+    {"order, rate", "3028,85", Kind::kPercentYearly, 26, 365, Rule::kUpToTenHaler, "787,50 Kč",
      "3 816,35 Kč"},
-    {"interest is shown from its own digits", Rule::kNone, "0,496", Kind::kPercentDaily, 1, 1,
+    {"interest is shown from its own digits", "0,496", Kind::kPercentDaily, 1, 1, Rule::kNone,
      "0,00 Kč", "0,50 Kč"},
-    {"a large amount keeps its haléř", Rule::kNone, "90000000000000,01", Kind::kPercentYearly, 0,
-     10, "0,00 Kč", "90 000 000 000 000,01 Kč"},
-    {"no interest", Rule::kNone, "10000", Kind::kPercentYearly, 0, 365, "0,00 Kč", "10 000,00 Kč"},
-    {"a negative rate", Rule::kNone, "10000", Kind::kPercentYearly, -1, 365, "-100,00 Kč",
+    {"a large amount keeps its haléř", "90000000000000,01", Kind::kPercentYearly, 0, 10,
+     Rule::kNone, "0,00 Kč", "90 000 000 000 000,01 Kč"},
+    {"no interest", "10000", Kind::kPercentYearly, 0, 365, Rule::kNone, "0,00 Kč", "10 000,00 Kč"},
+    {"a negative rate", "10000", Kind::kPercentYearly, -1, 365, Rule::kNone, "-100,00 Kč",
      "9 900,00 Kč"},
-    {"interest and sum may differ by a haléř", Rule::kNone, "12345", Kind::kPercentYearly, 8.25F,
-     81, "226,01 Kč", "12 571,02 Kč"},
+    {"interest and sum may differ by a haléř", "12345", Kind::kPercentYearly, 8.25F, 81,
+     Rule::kNone, "226,01 Kč", "12 571,02 Kč"},
 };
 
 TEST(SingleCalculationTest, OfATypedRate) {
@@ -141,9 +141,9 @@ TEST(SingleCalculationTest, ATypedKindNeedsNoTables) {
 
 struct BankCase {
   const char* name;
-  RateKind kind;
   Date due;
   Date paid;
+  RateKind kind;
   Rounding rounding;
   RateKind kind_taken;
   Rate rate;
@@ -156,27 +156,27 @@ struct BankCase {
 // Repo, one half-year: 10 000 × 9 ÷ 100 × 66 ÷ 365 = 162,7397. Three: 132,7397 + 441,0959 +
 // 320,5479, rounded after each, so that 132,80 + 441,0959 makes 573,90 and with 320,5479 894,50.
 const BankCase kBank[] = {
-    {"discount", Kind::kDiscount, Day(2005, 3, 10), Day(2005, 6, 20), Rule::kNone, Kind::kDiscount,
+    {"discount", Day(2005, 3, 10), Day(2005, 6, 20), Kind::kDiscount, Rule::kNone, Kind::kDiscount,
      2.5F, 0, "69,86 Kč", "10 069,86 Kč"},
-    {"discount, up to 10 haléř", Kind::kDiscount, Day(2005, 3, 10), Day(2005, 6, 20),
+    {"discount, up to 10 haléř", Day(2005, 3, 10), Day(2005, 6, 20), Kind::kDiscount,
      Rule::kUpToTenHaler, Kind::kDiscount, 2.5F, 0, "69,90 Kč", "10 069,90 Kč"},
-    {"the rate of the due date holds for the whole delay", Kind::kDiscount, Day(2005, 4, 27),
-     Day(2006, 1, 5), Rule::kNone, Kind::kDiscount, 2, 0, "138,63 Kč", "10 138,63 Kč"},
-    {"the last due date of the discount regime", Kind::kRepo, Day(2005, 4, 27), Day(2005, 6, 20),
+    {"the rate of the due date holds for the whole delay", Day(2005, 4, 27), Day(2006, 1, 5),
+     Kind::kDiscount, Rule::kNone, Kind::kDiscount, 2, 0, "138,63 Kč", "10 138,63 Kč"},
+    {"the last due date of the discount regime", Day(2005, 4, 27), Day(2005, 6, 20), Kind::kRepo,
      Rule::kNone, Kind::kDiscount, 2, 0, "29,59 Kč", "10 029,59 Kč"},
-    {"the first due date of the repo regime", Kind::kDiscount, Day(2005, 4, 28), Day(2005, 6, 20),
+    {"the first due date of the repo regime", Day(2005, 4, 28), Day(2005, 6, 20), Kind::kDiscount,
      Rule::kNone, Kind::kRepo, 0, 1, "137,95 Kč", "10 137,95 Kč"},
-    {"repo, one half-year", Kind::kRepo, Day(2006, 3, 15), Day(2006, 5, 20), Rule::kNone,
+    {"repo, one half-year", Day(2006, 3, 15), Day(2006, 5, 20), Kind::kRepo, Rule::kNone,
      Kind::kRepo, 0, 1, "162,74 Kč", "10 162,74 Kč"},
-    {"repo, one half-year, up to 10 haléř", Kind::kRepo, Day(2006, 3, 15), Day(2006, 5, 20),
+    {"repo, one half-year, up to 10 haléř", Day(2006, 3, 15), Day(2006, 5, 20), Kind::kRepo,
      Rule::kUpToTenHaler, Kind::kRepo, 0, 1, "162,80 Kč", "10 162,80 Kč"},
-    {"repo, one half-year, to crowns", Kind::kRepo, Day(2006, 3, 15), Day(2006, 5, 20),
+    {"repo, one half-year, to crowns", Day(2006, 3, 15), Day(2006, 5, 20), Kind::kRepo,
      Rule::kToCrowns, Kind::kRepo, 0, 1, "163,00 Kč", "10 163,00 Kč"},
-    {"repo, three half-years", Kind::kRepo, Day(2005, 5, 10), Day(2006, 5, 10), Rule::kNone,
+    {"repo, three half-years", Day(2005, 5, 10), Day(2006, 5, 10), Kind::kRepo, Rule::kNone,
      Kind::kRepo, 0, 3, "894,38 Kč", "10 894,38 Kč"},
-    {"repo, three half-years, up to 10 haléř", Kind::kRepo, Day(2005, 5, 10), Day(2006, 5, 10),
+    {"repo, three half-years, up to 10 haléř", Day(2005, 5, 10), Day(2006, 5, 10), Kind::kRepo,
      Rule::kUpToTenHaler, Kind::kRepo, 0, 3, "894,50 Kč", "10 894,50 Kč"},
-    {"repo, three half-years, to crowns", Kind::kRepo, Day(2005, 5, 10), Day(2006, 5, 10),
+    {"repo, three half-years, to crowns", Day(2005, 5, 10), Day(2006, 5, 10), Kind::kRepo,
      Rule::kToCrowns, Kind::kRepo, 0, 3, "895,00 Kč", "10 895,00 Kč"},
 };
 

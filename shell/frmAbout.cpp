@@ -8,9 +8,9 @@ namespace velta {
 
 frmAbout::frmAbout(Program& program) : Form(program, "frmAbout") {
   SetClosesByEsc();
-  OnClick(LblMailto, [this] { OpenMail(program_, kSupportMail); });
-  OnClick(Label8, [this] { OpenWeb(program_, kSupportPage); });
-  OnClick(lblInternet, [this] { OpenWeb(program_, kHomePage); });
+  OnClick(LblMailto, [this] { OpenMail(program_.platform, kSupportMail); });
+  OnClick(Label8, [this] { OpenWeb(program_.platform, kSupportPage); });
+  OnClick(lblInternet, [this] { OpenWeb(program_.platform, kHomePage); });
   OnClick(cmdOK, [this] { Close(); });
 
   PointerHint(LblMailto, "Zaslat E-mail na technickou podporu");

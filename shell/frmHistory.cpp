@@ -40,7 +40,7 @@ void frmHistory::cmdTisk_Click() {
   Page page(kName);
   page.EmptyLines(2);
   page.WriteLines(txtHistory.text());
-  PrintOnDefaultPrinter(program_, page.Take());
+  PrintOnDefaultPrinter(program_.platform.printer, program_.status, page.Take());
 }
 
 }  // namespace velta

@@ -43,9 +43,9 @@ void frmMenu::WireCommands() {
   OnClick(mnuKalkulacka, [this] { StartProgram("calc.exe", "Program Kalkulačka nebyl nalezen"); });
   OnClick(mnuPoznamky,
           [this] { StartProgram("notepad.exe", "Program Poznámkový blok nebyl nalezen"); });
-  OnClick(mnuObsah, [this] { OpenHelp(program_); });
+  OnClick(mnuObsah, [this] { OpenHelp(program_.platform); });
   WireOpener(mnuOProgramu, "frmAbout");
-  OnClick(mnuNaseStranky, [this] { OpenWeb(program_, kHomePage); });
+  OnClick(mnuNaseStranky, [this] { OpenWeb(program_.platform, kHomePage); });
   WireOpener(mnuVersionHistory, "frmHistory");
   OnClick(mnuKonecProgramu, [this] { Close(); });
 

@@ -19,7 +19,7 @@ class Velta {
 
  private:
   Program program_;
-  Settings settings_{program_};
+  Settings settings_{program_.platform, program_.errors};
   Calculations calculations_{program_.state};
 };
 

@@ -75,7 +75,7 @@ class ProgramTest : public ::testing::Test {
   ui::Window strip_{"strip", ui::WindowKind::kMain, memory_.event_loop};
   ui::Label lblMSG_{strip_, "lblMSG"};
   Program program_{memory_.platform(), {}};
-  Settings settings_{program_};
+  Settings settings_{program_.platform, program_.errors};
 };
 
 }  // namespace velta

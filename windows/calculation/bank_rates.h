@@ -23,6 +23,7 @@ class BankRates {
   /// The discount regime's rate at a due date. Where there is none the user has been told, by the
   /// engine's own report or by "Nenalezena sazba pro zadané období", and the result is empty.
   std::optional<Rate> DiscountRate(Date due_date);
+  void ForgetDiscountRate() { cnb_.ForgetRate(); }
 
   /// Starts the repo regime's computation of the interest on `principal`, in place of one that is
   /// pending; `repo_ready` follows on a later turn of the event loop. Returns what has refused

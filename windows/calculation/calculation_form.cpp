@@ -20,7 +20,7 @@ CalculationForm::CalculationForm(Program& program, CalculationKind kind, const S
   OnClick(cmdNovy, [this] { cmdNovy_Click(); });
   OnClick(cmdTiskVyp, [this] { cmdTiskVyp_Click(); });
   OnClick(cmdTiskFa, [this] { cmdTiskFa_Click(); });
-  OnClick(cmdHelp, [this] { OpenHelp(program_, help_topic()); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_.platform, help_topic()); });
   OnClick(cmdKonec, [this] { Close(); });
   OnTimer(tmrRepo, [this] { tmrRepo_Timer(); });
   OnTimer(tmrTiskVypoctu, [this] { cmdTiskVyp.Click.Raise(); });
@@ -126,7 +126,7 @@ bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount, const ui::Tex
   state.RateKindText = cboDruhSazby.text();
   if (IsBankKind(Kind())) return true;
   if (!IsNumeric(rate.text(), locale)) return false;
-  state.RateValue = ToRate(rate.text(), locale);
+  ShareRate(ToRate(rate.text(), locale));
   return true;
 }
 
@@ -134,7 +134,7 @@ bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
   const std::optional<Rate> rate = bank_rates_.DiscountRate(dtpSplatnost.day());
   if (!rate) return false;
   box.SetText(PlainText(*rate, program_.platform.locale));
-  program_.state.RateValue = *rate;
+  ShareRate(*rate);
   return true;
 }
 
@@ -182,7 +182,7 @@ void CalculationForm::CancelRepo() {
 
 void CalculationForm::ClearResults() {
   CalculationState& state = program_.state;
-  state.RateValue = 0;
+  ShareRate(0);
   state.DaysLate = 0;
   state.BaseAmount = Money();
   state.InterestAmount = 0;

@@ -78,6 +78,7 @@ class CalculationForm : public Form, public CalculationWindow {
   /// The rate of a bank kind is not typed.
   void OpenRateBox(ui::TextBox& box) const;
 
+  void ShareRate(Rate rate) { program_.state.RateValue = rate; }
   /// Puts the interest and its sum with the amount into the shared values. The sum may overflow:
   /// Error 6, and the interest is there.
   void ShareInterest(double interest, Money amount);

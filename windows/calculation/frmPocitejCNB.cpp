@@ -38,7 +38,7 @@ bool frmPocitejCNB::StanoveniPrvniSazby() {
 }
 
 std::optional<Rate> frmPocitejCNB::RateOn(Date due_date) {
-  program_.state.EngineRate = 0;  // an earlier rate must not pass for an answer
+  ForgetRate();  // an earlier rate must not pass for an answer
   Text1 = ShortDateText(due_date, program_.platform.locale);
   if (!Guarded("StanoveniPrvniSazby", [&] { Find(due_date); })) return std::nullopt;
   return program_.state.EngineRate;
@@ -66,7 +66,7 @@ bool frmPocitejCNB::SelectRowInForce(Date day) {
   const int row = found ? static_cast<int>(*found) : std::max(last - 1, 0);
   SelectInAll(row);
   // Each row between the first and the last one that is passed by clears the rate.
-  if (found ? 1 < row && row < last : last > 1) program_.state.EngineRate = 0;
+  if (found ? 1 < row && row < last : last > 1) ForgetRate();
   return found.has_value();
 }
 
@@ -112,7 +112,7 @@ void frmPocitejCNB::Command1_Click() {
 
 void frmPocitejCNB::tmrStart_Timer() {
   Guarded("tmrStart_Timer", [&] {
-    program_.state.EngineRate = 0;
+    ForgetRate();
     Command1_Click();
   });
 }

@@ -30,6 +30,8 @@ class frmPocitejCNB {
   /// The rate in force on the due date, which Text1 shows then; 0 where the day falls between two
   /// rows. None where the search ended in the error report.
   std::optional<Rate> RateOn(Date due_date);
+  /// EngineRate becomes 0: no rate has been found.
+  void ForgetRate() { program_.state.EngineRate = 0; }
 
   /// Finds the row in force on the day of Text1, selects it in all lists and puts its rate into
   /// EngineRate and txtVyseSazby. Days before the table get its first row, days after it its last.

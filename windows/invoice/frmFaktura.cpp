@@ -62,7 +62,7 @@ frmFaktura::frmFaktura(Program& program, const Settings& settings, Calculations&
   }
   cmdTisk.SetUsesInputs();
   OnClick(cmdTisk, [this] { cmdTisk_Click(); });
-  OnClick(cmdHelp, [this] { OpenHelp(program_, HelpTopic::kInvoice); });
+  OnClick(cmdHelp, [this] { OpenHelp(program_.platform, HelpTopic::kInvoice); });
   OnClick(cmdKonec, [this] { Close(); });
   Hint(cmdTisk, "Vytiskne penalizační fakturu");
   Hint(cmdHelp, "Vyvolá nápovědu s tématem");
@@ -140,7 +140,8 @@ void frmFaktura::cmdTisk_Click() {
   }
   if (!IsFilledIn()) return;
   PrintOnDefaultPrinter(
-      program_, InvoicePage(Filled(), settings_.record(), *calculation, program_.platform.locale));
+      program_.platform.printer, program_.status,
+      InvoicePage(Filled(), settings_.record(), *calculation, program_.platform.locale));
 }
 
 bool frmFaktura::IsFilledIn() {

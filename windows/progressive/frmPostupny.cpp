@@ -240,7 +240,7 @@ int frmPostupny::RowsOfInterest(int payment) const {
 void frmPostupny::StartReport() { ShowReport(ReportHeading()); }
 
 void frmPostupny::ClearTotals() {
-  program_.state.EngineRate = 0;
+  bank_rates_.ForgetDiscountRate();
   program_.state.InterestTotal = Money();
   program_.state.DebtBeforeLastPayment = Money();
 }
@@ -268,7 +268,7 @@ void frmPostupny::cmdNovy_Click() {
 
 void frmPostupny::Print() {
   const bool printed = PrintWithDialog(
-      program_,
+      program_.platform.printer, program_.status,
       ProgressivePrintout(calculation_->result(), txtPostup.text(), program_.platform.locale));
   if (!printed) throw Error(ErrorNumber::kPrintCancelled);
   if (calculation_->result().kind == RateKind::kRepo) return;

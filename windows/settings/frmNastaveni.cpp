@@ -81,8 +81,8 @@ void frmNastaveni::WireEvents() {
   OnClick(cmdPridat, [this] {
     Message(ui::Icon::kInformation, "Soubor s diskontní sazbou již není nutno aktualizovat.");
   });
-  OnClick(cmdRepoAkt, [this] { OpenWeb(program_, kSupportPage); });
-  OnClick(cmdNapoveda, [this] { OpenHelp(program_); });
+  OnClick(cmdRepoAkt, [this] { OpenWeb(program_.platform, kSupportPage); });
+  OnClick(cmdNapoveda, [this] { OpenHelp(program_.platform); });
   OnClick(cmdPouzit, [this] { cmdPouzit_Click(); });
   OnClick(cmdKonec, [this] { Close(); });
 }

@@ -31,16 +31,16 @@ const std::array<TextSetting, 12> kTextSettings{{
 
 std::string Settings::GetSetting(std::string_view key, std::string_view default_value) const {
   std::optional<std::string> value;
-  if (!program_.platform.settings_store.Read(program_.platform.program_folder.ExecutableName(),
-                                             kSection, key, value)) {
+  if (!platform_.settings_store.Read(platform_.program_folder.ExecutableName(), kSection, key,
+                                     value)) {
     throw Error(ErrorNumber::kPathAccess);
   }
   return value ? *std::move(value) : std::string(default_value);
 }
 
 void Settings::SaveSetting(std::string_view key, std::string_view value) {
-  if (!program_.platform.settings_store.Write(program_.platform.program_folder.ExecutableName(),
-                                              kSection, key, value)) {
+  if (!platform_.settings_store.Write(platform_.program_folder.ExecutableName(), kSection, key,
+                                      value)) {
     throw Error(ErrorNumber::kPathAccess);
   }
 }
@@ -68,8 +68,8 @@ void Settings::ReloadRounding() {
 
 double Settings::ApplyRounding(double total) const {
   double rounded = 0;
-  program_.errors.Trap("RoundUp", "modPromenne.bas",
-                       [&] { rounded = velta::ApplyRounding(rounding(), total); });
+  errors_.Trap("RoundUp", "modPromenne.bas",
+               [&] { rounded = velta::ApplyRounding(rounding(), total); });
   return rounded;
 }
 

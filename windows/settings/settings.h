@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/program.h"
+#include "app/error_report.h"
 #include "calc/rounding.h"
+#include "ui/platform.h"
 
 namespace velta {
 
@@ -45,7 +46,8 @@ extern const std::array<TextSetting, 12> kTextSettings;
 /// A failure of the store throws Error 75.
 class Settings {
  public:
-  explicit Settings(Program& program) : program_(program) {}
+  Settings(const ui::Platform& platform, ErrorReport& errors)
+      : platform_(platform), errors_(errors) {}
 
   /// The stored text as it stands, or `default_value` where the key is missing.
   std::string GetSetting(std::string_view key, std::string_view default_value = "") const;
@@ -74,7 +76,8 @@ class Settings {
   double ApplyRounding(double total) const;
 
  private:
-  Program& program_;
+  const ui::Platform& platform_;
+  ErrorReport& errors_;
   ProgramSettings record_;
 };
 

@@ -31,8 +31,9 @@ class SettingsTest : public ::testing::Test {
   }
 
   ui::MemoryPlatform memory_;
-  Program program_{memory_.platform(), {}};
-  Settings settings_{program_};
+  ui::Platform platform_ = memory_.platform();
+  ErrorReport errors_{memory_.message_box};
+  Settings settings_{platform_, errors_};
 };
 
 const std::vector<KeyValue> kFirstRun = {

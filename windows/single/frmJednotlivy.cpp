@@ -84,7 +84,7 @@ void frmJednotlivy::cboDruhSazby_Change() {
   program_.status.ShowHint("Vybraná sazba : " + cboDruhSazby.text());
   if (IsBankKind(Kind())) txtVyseSazby.SetText("");
   OpenRateBox(txtVyseSazby);
-  if (IsBankKind(Kind())) program_.state.RateValue = 0;
+  if (IsBankKind(Kind())) ShareRate(0);
   VypocitejJednotlivy();
 }
 
@@ -202,7 +202,8 @@ void frmJednotlivy::cmdNovy_Click() {
 
 void frmJednotlivy::Print() {
   // Nothing is said of a cancelled dialog: the user knows that he cancelled.
-  PrintWithDialog(program_, SinglePrintout(*result_, program_.platform.locale));
+  PrintWithDialog(program_.platform.printer, program_.status,
+                  SinglePrintout(*result_, program_.platform.locale));
 }
 
 }  // namespace velta
