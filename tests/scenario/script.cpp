@@ -173,6 +173,7 @@ class Parser {
       case Verb::kType:
       case Verb::kSet:
       case Verb::kDate:
+      case Verb::kTypeDate:
       case Verb::kPick:
       case Verb::kFocus:
       case Verb::kHover:
