@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,6 +53,44 @@ TEST_F(FormTest, F1OpensTheContentsWhereTheWindowHasNoTopic) {
   form.HelpRequested.Raise();
   ASSERT_EQ(opened().size(), 1U);
   EXPECT_EQ(opened()[0].topic, std::nullopt);
+}
+
+class DateForm final : public Form {
+ public:
+  explicit DateForm(Program& program) : Form(program, "frmDatum") {}
+  void OnLoad() override {}
+
+  ui::DatePicker dtpDen{*this, "dtpDen", program_.platform.clock, program_.platform.locale};
+};
+
+class CommandForm final : public Form {
+ public:
+  explicit CommandForm(Program& program) : Form(program, "frmPrikazy") {
+    mnuTisk.SetUsesInputs();
+    OnClick(mnuTisk, [this] { ++printed; });
+  }
+  void OnLoad() override {}
+
+  ui::MenuItem mnuTisk{*this, "mnuTisk"};
+  int printed = 0;
+};
+
+TEST_F(FormTest, CommandTakesOverADateThatIsTypedInAnotherWindow) {
+  Windows& windows = program_.windows;
+  windows.Register("frmDatum", [this] { return std::make_unique<DateForm>(program_); });
+  windows.Register("frmPrikazy", [this] { return std::make_unique<CommandForm>(program_); });
+  windows.Open("frmDatum");
+  windows.Open("frmPrikazy");
+  auto& commands = dynamic_cast<CommandForm&>(*windows.Find("frmPrikazy"));
+  auto& date = dynamic_cast<DateForm&>(*windows.Find("frmDatum")).dtpDen;
+  date.UserEdit("31.2.2005");
+  EXPECT_TRUE(commands.mnuTisk.UserClick());
+  EXPECT_EQ(commands.printed, 0);
+  date.UserEdit("28.2.2005");
+  EXPECT_TRUE(commands.mnuTisk.UserClick());
+  EXPECT_EQ(commands.printed, 1);
+  EXPECT_EQ(date.text(), "28.2.2005");
+  EXPECT_FALSE(date.IsBeingTyped());
 }
 
 TEST_F(FormTest, HelpThatIsNotThereIsReported) {

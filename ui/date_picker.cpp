@@ -93,7 +93,9 @@ bool DatePicker::UserCommit() {
   }
   const std::optional<Day> typed = TypedDay();
   if (!typed) {
+    asking_ = true;
     Mistyped.Raise();
+    asking_ = false;
     return false;
   }
   UserPick(*typed);
@@ -104,6 +106,11 @@ void DatePicker::UserLeave() {
   if (!IsBeingTyped()) return;
   if (TypedDay()) {
     UserCommit();
+    return;
+  }
+  // Two of them would take the keyboard from one another for ever.
+  const std::vector<DatePicker*> others = Others();
+  if (std::any_of(others.begin(), others.end(), [](const auto* date) { return date->asking_; })) {
     return;
   }
   left_ = true;
@@ -119,14 +126,22 @@ bool DatePicker::UserPick(Day day) {
 }
 
 bool DatePicker::CommitOthers() {
-  for (Control* control : window().controls()) {
-    auto* other = dynamic_cast<DatePicker*>(control);
-    if (other == nullptr || other == this || !other->IsBeingTyped()) continue;
+  for (DatePicker* other : Others()) {
+    if (!other->IsBeingTyped()) continue;
     const bool is_date = other->TypedDay().has_value();
     other->UserCommit();
     if (!is_date) return false;  // the keyboard is there again
   }
   return true;
+}
+
+std::vector<DatePicker*> DatePicker::Others() const {
+  std::vector<DatePicker*> others;
+  for (Control* control : window().controls()) {
+    auto* date = dynamic_cast<DatePicker*>(control);
+    if (date != nullptr && date != this) others.push_back(date);
+  }
+  return others;
 }
 
 std::string DatePicker::ShownDay() const { return ShortDateText(day_, locale_); }

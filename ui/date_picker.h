@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "ui/clock.h"
 #include "ui/controls.h"
@@ -55,7 +56,8 @@ class DatePicker final : public Control {
   /// date or a day that was refused; the user has been told then.
   bool UserCommit();
   /// The keyboard has left the field and what was typed counts. That it is no date is said when the
-  /// loop turns, for the keyboard comes back by it and must have arrived elsewhere before.
+  /// loop turns, for the keyboard comes back by it and must have arrived elsewhere before; not
+  /// where it goes back to another date that is no better.
   void UserLeave();
   /// The keyboard is in the field again.
   void UserReturn() { left_ = false; }
@@ -80,6 +82,7 @@ class DatePicker final : public Control {
   bool takes_focus() const override { return true; }
 
  private:
+  std::vector<DatePicker*> Others() const;
   std::string ShownDay() const;
   void ShowText(std::string text);
 
@@ -88,7 +91,8 @@ class DatePicker final : public Control {
   Day day_;
   std::string text_;
   bool refused_ = false;
-  bool left_ = false;  // with a text that is no date, which has not been said yet
+  bool asking_ = false;  // the handlers of Mistyped are running
+  bool left_ = false;    // with a text that is no date, which has not been said yet
   Timer say_mistyped_;
 };
 

@@ -257,6 +257,24 @@ TEST_F(DatePickerTest, MistypedOneIsSaidOnceWhereACommandFollowsAtOnce) {
   EXPECT_EQ(mistyped_, 1);
 }
 
+TEST_F(DatePickerTest, TwoMistypedOnesDoNotTakeTheKeyboardFromOneAnother) {
+  DatePicker second(window_, "dtpDruhe", clock_, locale_);
+  int mistyped_second = 0;
+  second.Mistyped.Connect([&] { ++mistyped_second; });
+  picker_.Mistyped.Connect([&] { second.UserLeave(); });
+  picker_.UserEdit("30.2.2005");
+  picker_.UserLeave();
+  second.UserEdit("31.2.2005");
+  loop_.RunUntilIdle();
+  EXPECT_EQ(mistyped_, 1);
+  EXPECT_EQ(mistyped_second, 0);
+  EXPECT_FALSE(second.CommitTyping()) << "a command asks for it all the same";
+  second.UserEdit("28.2.2005");
+  picker_.UserLeave();
+  loop_.RunUntilIdle();
+  EXPECT_EQ(second.day(), Day(2005, 2, 28)) << "what is a date counts";
+}
+
 TEST_F(DatePickerTest, MistypedOneOfADisabledFieldTurnsBack) {
   picker_.UserEdit("30.2.2005");
   picker_.UserLeave();

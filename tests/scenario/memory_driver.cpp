@@ -37,16 +37,13 @@ class MemoryDriver final : public Driver {
 
   void Settle() override { event_loop_.RunUntilIdle(); }
 
-  bool Choose(ui::MenuItem& item) override {
-    const bool chosen = item.UserClick();
-    LeaveDateFor(FocusedControl());
-    return chosen;
-  }
+  bool Choose(ui::MenuItem& item) override { return item.UserClick(); }
 
   bool Click(ui::Button& button) override {
     if (!IsOpenToUser(button)) return false;
-    // A button that is pressed takes the keyboard, but leaves no date that is being typed.
-    TakeFocus(button);
+    window_system_.button_goes_down = true;
+    MoveFocus(button);
+    window_system_.button_goes_down = false;
     button.UserClick();
     GoOnTyping();
     return true;
@@ -147,12 +144,6 @@ class MemoryDriver final : public Driver {
     return nullptr;
   }
 
-  /// The keyboard goes on to `next`.
-  void LeaveDateFor(const ui::Control* next) {
-    ui::DatePicker* const date = TypedDate();
-    if (date != nullptr && date != next) date->UserLeave();
-  }
-
   /// After a click: where it came to a command that leaves the typing alone, typing goes on; where
   /// the keyboard has gone to another window, the date is left.
   void GoOnTyping() {
@@ -167,13 +158,6 @@ class MemoryDriver final : public Driver {
   }
 
   void MoveFocus(ui::Control& control) {
-    if (!control.CanTakeFocus()) return;
-    LeaveDateFor(&control);
-    TakeFocus(control);
-    if (auto* const date = dynamic_cast<ui::DatePicker*>(&control)) date->UserReturn();
-  }
-
-  void TakeFocus(ui::Control& control) {
     if (!control.CanTakeFocus()) return;
     // In a window that lies below others the keyboard comes straight to the control, not by way of
     // the one that had it before.

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
+
+#include "ui/date_picker.h"
+#include "ui/window.h"
 
 namespace velta::ui {
 
@@ -135,19 +139,41 @@ bool MemoryHelpViewer::OpenTopic(std::string_view file, int topic) {
   return true;
 }
 
-namespace {
-
-class MemoryWindowView final : public WindowView {
+class MemoryWindowSystem::View final : public WindowView {
  public:
-  void Show() override {}
-  void Activate() override {}
-  void Close() override {}
+  View(MemoryWindowSystem& system, const Window& window) : system_(system), window_(window) {}
+  ~View() override { Close(); }
+
+  void Show() override { Activate(); }
+  void Activate() override {
+    system_.active_ = &window_;
+    system_.FollowKeyboard();
+  }
+  void Close() override {
+    if (system_.active_ != &window_) return;
+    system_.active_ = nullptr;
+    system_.keyboard_ = nullptr;
+  }
+
+ private:
+  MemoryWindowSystem& system_;
+  const Window& window_;
 };
 
-}  // namespace
+std::unique_ptr<WindowView> MemoryWindowSystem::CreateView(Window& window) {
+  window.FocusMoved.Connect([this, &window] {
+    if (active_ == &window) FollowKeyboard();
+  });
+  return std::make_unique<View>(*this, window);
+}
 
-std::unique_ptr<WindowView> MemoryWindowSystem::CreateView(Window& /*window*/) {
-  return std::make_unique<MemoryWindowView>();
+void MemoryWindowSystem::FollowKeyboard() {
+  Control* const now = active_->focused();
+  Control* const before = std::exchange(keyboard_, now);
+  if (now == before) return;
+  auto* const left = dynamic_cast<DatePicker*>(before);
+  if (left != nullptr && !button_goes_down) left->UserLeave();
+  if (auto* const entered = dynamic_cast<DatePicker*>(now)) entered->UserReturn();
 }
 
 }  // namespace velta::ui

@@ -16,6 +16,8 @@
 /// and can be told to fail. Its members are open to whoever plays the user.
 namespace velta::ui {
 
+class Control;
+
 /// A loop whose time passes only when somebody runs it, and then as fast as it can.
 class MemoryEventLoop final : public EventLoop {
  public:
@@ -164,10 +166,21 @@ class MemoryProgramFolder final : public ProgramFolder {
   std::string executable_name = "velta";
 };
 
-/// Views that nobody looks at; the models are the whole truth.
+/// Views that nobody looks at; the models are the whole truth. It knows where the keyboard is, and
+/// as on a screen a date is left when the keyboard goes elsewhere.
 class MemoryWindowSystem final : public WindowSystem {
  public:
   std::unique_ptr<WindowView> CreateView(Window& window) override;
+
+  /// A button that the mouse presses takes the keyboard, but leaves no date.
+  bool button_goes_down = false;
+
+ private:
+  class View;
+  void FollowKeyboard();
+
+  const Window* active_ = nullptr;
+  Control* keyboard_ = nullptr;  // the control that has it
 };
 
 struct MemoryPlatform {

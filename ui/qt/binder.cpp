@@ -123,6 +123,11 @@ void Binder::TakeFocus() {
 void Binder::FollowFocus() {
   if (user_leads_ || window_.focused() == nullptr) return;
   TakeFocus();
+  // After a message box the keyboard goes on from nowhere, and no field hears that it is left.
+  for (const DateField* field : dates_) {
+    ui::DatePicker* const date = field->model();
+    if (date != nullptr && date != window_.focused()) date->UserLeave();
+  }
   if (QLineEdit* line = LineOf(Find<QWidget>(*window_.focused()))) line->selectAll();
 }
 
@@ -130,12 +135,14 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   if (!listening_) return false;
   switch (event->type()) {
     case QEvent::FocusIn:
-      // Only where the user led the keyboard; a window that comes to the front is not such an act.
-      // From a widget that gets hidden with its window Qt goes on as by Tab, to one just as hidden.
-      if (!focus_held_ && static_cast<QWidget*>(watched)->isVisible() &&
-          IsUsersWay(static_cast<QFocusEvent*>(event)->reason())) {
-        const QScopedValueRollback leading(user_leads_, true);
-        controls_.value(watched)->SetFocus();
+      FollowUser(static_cast<QWidget*>(watched), *static_cast<QFocusEvent*>(event));
+      return false;
+    case QEvent::FocusOut:
+      // What comes of a date that is left may be a message. When it goes the keyboard is in the
+      // next field as in that of a window that comes to the front, so the user's way is followed
+      // here.
+      if (qobject_cast<DateField*>(watched) != nullptr) {
+        FollowUser(QApplication::focusWidget(), *static_cast<QFocusEvent*>(event));
       }
       return false;
     case QEvent::KeyPress:
@@ -157,6 +164,17 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     default:
       return false;
   }
+}
+
+/// Only where the user led the keyboard; a window that comes to the front is not such an act. From
+/// a widget that gets hidden with its window Qt goes on as by Tab, to one just as hidden.
+void Binder::FollowUser(const QWidget* widget, const QFocusEvent& event) {
+  ui::Control* const control = controls_.value(widget);
+  if (control == nullptr || focus_held_ || !widget->isVisible() || !IsUsersWay(event.reason())) {
+    return;
+  }
+  const QScopedValueRollback leading(user_leads_, true);
+  control->SetFocus();
 }
 
 bool Binder::Key(QLineEdit& edit, QKeyEvent& event) {

@@ -9,6 +9,7 @@
 
 class QAbstractButton;
 class QButtonGroup;
+class QFocusEvent;
 class QKeyEvent;
 class QLineEdit;
 class QWidget;
@@ -59,6 +60,7 @@ class Binder final : public QObject, private ui::ControlVisitor {
   void BindButton(C& control, QAbstractButton& button, const std::function<void(ui::Aspect)>& show);
   void GoOnTypingOrLeave();
   void BindLine(ui::TextBox& control, QLineEdit& edit);
+  void FollowUser(const QWidget* widget, const QFocusEvent& event);
   bool Key(QLineEdit& edit, QKeyEvent& event);
 
   template <class W>

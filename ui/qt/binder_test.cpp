@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -652,6 +653,20 @@ TEST_F(TypedDateTest, PressOfTheMouseCommitsWhenTheButtonIsReleased) {
   QTest::mouseRelease(&print_, Qt::LeftButton);
   EXPECT_FALSE(print_.isDown());
   EXPECT_THAT(Events(), ElementsAre("change", "cmdTisk"));
+}
+
+TEST_F(TypedDateTest, KeyboardIsWhereTheUserLedItAlsoWhereAMessageCameFirst) {
+  model_.dtpDen.Change.Connect([this] {
+    QMessageBox box(&form_.root);
+    QMetaObject::invokeMethod(&box, &QDialog::accept, Qt::QueuedConnection);
+    box.exec();
+  });
+  Type("1.3.2004");
+  focused_.clear();
+  QTest::keyClick(&date_, Qt::Key_Tab);
+  EXPECT_THAT(Events(), ElementsAre("change"));
+  EXPECT_THAT(focused_, ElementsAre("txtReport"));
+  EXPECT_EQ(model_.focused(), &model_.txtReport);
 }
 
 TEST_F(TypedDateTest, PressThatIsThoughtBetterOfLeavesTheTyping) {
