@@ -118,22 +118,23 @@ bool CalculationForm::TakeDelay() {
   return true;
 }
 
-bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount, const ui::TextBox& rate) {
+bool CalculationForm::TakeAmountAndRate(const ui::TextBox& amount) {
   CalculationState& state = program_.state;
   const LocaleFormat& locale = program_.platform.locale;
   if (!IsNumeric(amount.text(), locale)) return false;
   state.BaseAmount = ToMoney(amount.text(), locale);
   state.RateKindText = cboDruhSazby.text();
   if (IsBankKind(Kind())) return true;
-  if (!IsNumeric(rate.text(), locale)) return false;
-  ShareRate(ToRate(rate.text(), locale));
+  const std::string& rate = RateBox().text();
+  if (!IsNumeric(rate, locale)) return false;
+  ShareRate(ToRate(rate, locale));
   return true;
 }
 
-bool CalculationForm::TakeDiscountRate(ui::TextBox& box) {
+bool CalculationForm::TakeDiscountRate() {
   const std::optional<Rate> rate = bank_rates_.DiscountRate(dtpSplatnost.day());
   if (!rate) return false;
-  box.SetText(PlainText(*rate, program_.platform.locale));
+  RateBox().SetText(PlainText(*rate, program_.platform.locale));
   ShareRate(*rate);
   return true;
 }
@@ -145,10 +146,10 @@ bool CalculationForm::StartRepo(Money principal) {
   return !refusal;
 }
 
-void CalculationForm::OpenRateBox(ui::TextBox& box) const {
+void CalculationForm::OpenRateBox() {
   const bool typed = !IsBankKind(Kind());
-  box.SetEnabled(typed);
-  box.SetBackground(typed ? ui::Background::kWindow : ui::Background::kFace);
+  RateBox().SetEnabled(typed);
+  RateBox().SetBackground(typed ? ui::Background::kWindow : ui::Background::kFace);
 }
 
 void CalculationForm::Settle() {

@@ -68,15 +68,15 @@ class CalculationForm : public Form, public CalculationWindow {
   /// in place of the chosen one, and says so.
   bool TakeDelay();
   /// The amount, the kind and, where it is typed, the rate. Silent where one is no number.
-  bool TakeAmountAndRate(const ui::TextBox& amount, const ui::TextBox& rate);
-  /// The discount rate of the due date, which is shown in the box. Where there is none the user has
-  /// been told.
-  bool TakeDiscountRate(ui::TextBox& box);
+  bool TakeAmountAndRate(const ui::TextBox& amount);
+  /// The discount rate of the due date, which is shown in the rate's box. Where there is none the
+  /// user has been told.
+  bool TakeDiscountRate();
   /// Starts the computation of the interest on `principal` by half-years; tmrRepo follows. Where
   /// there is no rate the user has been told.
   bool StartRepo(Money principal);
   /// The rate of a bank kind is not typed.
-  void OpenRateBox(ui::TextBox& box) const;
+  void OpenRateBox();
 
   void ShareRate(Rate rate) { program_.state.RateValue = rate; }
   /// Puts the interest and its sum with the amount into the shared values. The sum may overflow:

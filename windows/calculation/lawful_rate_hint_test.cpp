@@ -94,6 +94,15 @@ TYPED_TEST(LawfulRateHintTest, FollowsTheDueDate) {
   }
 }
 
+TYPED_TEST(LawfulRateHintTest, ATypedDueDateCountsWhenItIsLeft) {
+  this->Open();
+  this->form_->dtpZaplaceni.UserPick(Day(2026, 11, 20));
+  this->form_->dtpSplatnost.UserEdit("30.6.22");
+  EXPECT_EQ(this->Hint(), "zákonná 11,75");
+  this->form_->dtpSplatnost.UserCommit();
+  EXPECT_EQ(this->Hint(), "zákonná 15");
+}
+
 TYPED_TEST(LawfulRateHintTest, ADateThatDoesNotExistChangesNothing) {
   this->Open();
   EXPECT_EQ(this->HintForDueDate(Day(2022, 6, 30)), "zákonná 15");

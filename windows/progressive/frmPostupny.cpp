@@ -44,7 +44,7 @@ frmPostupny::frmPostupny(Program& program, const Settings& settings, Calculation
 
 void frmPostupny::WireEvents() {
   OnClick(cmdPridat, [this] { cmdPridat_Click(); });
-  OnChange(cboDruhSazby, [this] { OpenRateBox(txtData[kRate]); });
+  OnChange(cboDruhSazby, [this] { OpenRateBox(); });
   for (ui::ListBox* column : {&List1, &List2, &List3}) {
     OnChange(*column, [this, column] { MarkPayment(column->index()); });
   }
@@ -140,13 +140,13 @@ void frmPostupny::LockInvoice() {
 
 void frmPostupny::UdelejVypocet() {
   Guarded("UdelejVypocet", [this] {
-    if (!TakeDelay() || !TakeAmountAndRate(txtData[kTotal], txtData[kRate])) return;
+    if (!TakeDelay() || !TakeAmountAndRate(txtData[kTotal])) return;
     const RateKind kind = Kind();
     if (kind == RateKind::kRepo) {
       StartRepo(payment_);
       return;
     }
-    if (kind == RateKind::kDiscount && !TakeDiscountRate(txtData[kRate])) return;
+    if (kind == RateKind::kDiscount && !TakeDiscountRate()) return;
     FinishPayment({});
   });
 }

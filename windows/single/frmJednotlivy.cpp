@@ -83,7 +83,7 @@ void frmJednotlivy::OnLoad() {
 void frmJednotlivy::cboDruhSazby_Change() {
   program_.status.ShowHint("Vybraná sazba : " + cboDruhSazby.text());
   if (IsBankKind(Kind())) txtVyseSazby.SetText("");
-  OpenRateBox(txtVyseSazby);
+  OpenRateBox();
   if (IsBankKind(Kind())) ShareRate(0);
   VypocitejJednotlivy();
 }
@@ -118,7 +118,7 @@ bool frmJednotlivy::VypocitejJednotlivy() {
     CalculationState& state = program_.state;
     if (!TakeDelay()) return;
     lblPocetDnu.SetCaption(std::to_string(state.DaysLate));
-    if (!TakeAmountAndRate(txtDluznaCastka, txtVyseSazby)) {
+    if (!TakeAmountAndRate(txtDluznaCastka)) {
       refused = false;
       return;
     }
@@ -137,7 +137,7 @@ bool frmJednotlivy::VypocitejJednotlivy() {
       return;
     }
     // A new rate in the box computes once within.
-    if (result.kind == RateKind::kDiscount && !TakeDiscountRate(txtVyseSazby)) return;
+    if (result.kind == RateKind::kDiscount && !TakeDiscountRate()) return;
     result.rate = state.RateValue;
     const double interest =
         Interest(result.kind, state.BaseAmount.ToDouble(), result.rate, result.days);
