@@ -144,14 +144,14 @@ TEST(ProgressiveCalculationTest, ARepoPaymentIsRoundedOnceOverAllHalfYears) {
   EXPECT_FALSE(calculation.finished());
 }
 
-TEST(ProgressiveCalculationTest, AnUnknownKindRepeatsTheInterestOfThePaymentBefore) {
+TEST(ProgressiveCalculationTest, AnUnknownKindComputesNothing) {
   Debt debt = SampleDebt();
   debt.kind = Kind::kUnknown;
   debt.kind_text = "% měsíčně";
   ProgressiveCalculation calculation(std::move(debt));
   Pay(calculation, Day(2004, 1, 31), "5000");
   Pay(calculation, Day(2004, 3, 1), "2000");
-  EXPECT_THAT(Interests(calculation), ElementsAre(0, 0)) << "there was none";
+  EXPECT_THAT(Interests(calculation), ElementsAre(0, 0));
   EXPECT_EQ(calculation.result().kind_text, "% měsíčně");
 }
 
