@@ -48,8 +48,14 @@ bool IsSurelyDecimal(std::string_view before, std::string_view behind) {
   return decimals != 3 || digits.size() > 3 || digits.empty() || digits == "0";
 }
 
+LocaleFormat FormatWith(char decimal_sign) {
+  LocaleFormat format;
+  format.decimal = decimal_sign;
+  return format;
+}
+
 /// The format that a number is written in.
-LocaleFormat FormatOf(std::string_view text, const LocaleFormat& format) {
+const LocaleFormat& FormatOf(std::string_view text, const LocaleFormat& format) {
   const char other = format.decimal == "," ? '.' : ',';
   if (text.find(other) == text.npos || DecimalSign(text) != other) return format;
   return NumberFormat(other);
@@ -125,10 +131,10 @@ std::optional<char> DecimalSign(std::string_view text) {
   return IsSurelyDecimal(text.substr(0, last), behind) ? std::optional(sign) : std::nullopt;
 }
 
-LocaleFormat NumberFormat(char decimal_sign) {
-  LocaleFormat format;
-  format.decimal = decimal_sign;
-  return format;
+const LocaleFormat& NumberFormat(char decimal_sign) {
+  static const LocaleFormat kComma = FormatWith(',');
+  static const LocaleFormat kPoint = FormatWith('.');
+  return decimal_sign == ',' ? kComma : kPoint;
 }
 
 Money AmountField(std::string_view text, std::string_view column, const LocaleFormat& format) {

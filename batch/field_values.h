@@ -26,8 +26,9 @@ Date DateField(std::string_view text, std::string_view column);
 /// point. None where it has none, or may be grouped by it ("1.000").
 std::optional<char> DecimalSign(std::string_view text);
 
-/// How numbers are written where `decimal_sign` is what it is called; digits are grouped by blanks.
-LocaleFormat NumberFormat(char decimal_sign);
+/// How numbers are written where `decimal_sign`, a comma or a point, is what it is called; digits
+/// are grouped by blanks.
+const LocaleFormat& NumberFormat(char decimal_sign);
 
 /// An amount or a rate by the rules of values/number_text.h, with the decimal sign of the format,
 /// or the other one where it surely is that. What is none: RowError that names the column; out of

@@ -17,8 +17,12 @@ Money Money::FromDouble(double crowns) {
 }
 
 double Money::ToDouble() const {
-  // A division would round twice above 900 milliards of crowns, where the units themselves no
-  // longer fit into a double; reading the decimal text rounds once.
+  constexpr std::int64_t kTwoTo53 = std::int64_t{1} << 53U;
+  if (units_ >= -kTwoTo53 && units_ <= kTwoTo53) {
+    return static_cast<double>(units_) / static_cast<double>(kUnitsPerCrown);
+  }
+  // Here, above 900 milliards of crowns, the units themselves no longer fit into a double, and a
+  // division would round twice; reading the decimal text rounds once.
   const std::string text = std::to_string(units_) + "e-4";
   double crowns = 0;
   std::from_chars(text.data(), text.data() + text.size(), crowns);

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "tests/support/thrown.h"
 
@@ -86,6 +88,22 @@ constexpr ToDoubleRow kToDouble[] = {
 TEST(MoneyTest, ToDoubleIsTheNearest) {
   for (const ToDoubleRow& row : kToDouble) {
     EXPECT_EQ(Money::FromUnits(row.units).ToDouble(), row.crowns) << row.name;
+  }
+}
+
+TEST(MoneyTest, ToDoubleIsTheNumberThatTheTextSays) {
+  constexpr std::int64_t kTwoTo53 = std::int64_t{1} << 53U;
+  const auto expect_same = [](std::int64_t units) {
+    const std::string text = std::to_string(units) + "e-4";
+    double crowns = 0;
+    std::from_chars(text.data(), text.data() + text.size(), crowns);
+    ASSERT_EQ(Money::FromUnits(units).ToDouble(), crowns) << units;
+  };
+  for (std::int64_t near = -1000; near <= 1000; ++near) {
+    expect_same(near);
+    expect_same(kTwoTo53 + near);
+    expect_same(-kTwoTo53 + near);
+    expect_same(near * 1234567891);
   }
 }
 

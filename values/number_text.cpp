@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -304,7 +305,17 @@ double RoundedTo(double value, int decimals) {
   return Nearest<double>(Rounded(FromDouble(value), decimals)) + 0.0;
 }
 
-Money ToMoney(double crowns) { return FromDecimal(FromDouble(crowns)); }
+Money ToMoney(double crowns) {
+  // As in RoundedTo: away from a tie the digits need not be written out.
+  constexpr double kPrecise = 1e14;
+  const double scaled = std::abs(crowns) * static_cast<double>(Money::kUnitsPerCrown);
+  const double over_half = scaled - std::floor(scaled) - 0.5;
+  if (scaled < kPrecise && std::abs(over_half) > scaled / kPrecise) {
+    const auto units = static_cast<std::int64_t>(std::nearbyint(scaled));
+    return Money::FromUnits(crowns < 0 ? -units : units);
+  }
+  return FromDecimal(FromDouble(crowns));
+}
 
 Money ToMoney(std::string_view text, const LocaleFormat& locale) {
   return FromDecimal(ScanOrThrow(text, locale));
@@ -354,6 +365,18 @@ std::string FixedText(double value, int decimals, const LocaleFormat& locale) {
 }
 
 std::string FixedText(Money amount, int decimals, const LocaleFormat& locale) {
+  // Two decimals of an amount are by far the most frequent, and need no decimal digits in between.
+  constexpr std::int64_t kHaler = Money::kUnitsPerCrown / 100;
+  constexpr std::int64_t kLarge = std::int64_t{1} << 60U;
+  const std::int64_t units = amount.units();
+  if (decimals == 2 && units < kLarge && units > -kLarge) {
+    const std::int64_t halers = (std::abs(units) + kHaler / 2) / kHaler;
+    std::string text = units < 0 && halers != 0 ? "-" : "";
+    text.append(std::to_string(halers / 100)).append(locale.decimal);
+    text += static_cast<char>('0' + halers / 10 % 10);
+    text += static_cast<char>('0' + halers % 10);
+    return text;
+  }
   return Written(Rounded(FromMoney(amount), decimals), locale);
 }
 

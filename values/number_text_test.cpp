@@ -427,6 +427,39 @@ TEST(NumberTextTest, EveryAmountReadsBackFromItsPlainText) {
   }
 }
 
+TEST(NumberTextTest, TwoDecimalsOfAnAmountAreThoseOfItsCurrencyText) {
+  LocaleFormat ungrouped = kCzech;
+  ungrouped.group = "";
+  const auto expect_same = [&](std::int64_t units) {
+    const Money amount = Money::FromUnits(units);
+    ASSERT_EQ(FixedText(amount, 2, kCzech) + " Kč", CurrencyText(amount, ungrouped)) << units;
+  };
+  for (std::int64_t units = -30000; units <= 30000; ++units) expect_same(units);
+  for (std::int64_t units = 1; units < kMaxUnits / 3; units *= 3) {
+    for (const std::int64_t near : {units - 50, units, units + 49}) {
+      expect_same(near);
+      expect_same(-near);
+    }
+  }
+}
+
+TEST(NumberTextTest, ADoubleIsTheAmountOfItsText) {
+  const auto expect_same = [](double crowns) {
+    ASSERT_EQ(ToMoney(crowns), ToMoney(PlainText(crowns, kCzech), kCzech)) << crowns;
+    ASSERT_EQ(ToMoney(-crowns), ToMoney(PlainText(-crowns, kCzech), kCzech)) << -crowns;
+  };
+  for (int steps = 0; steps <= 100000; ++steps) {
+    expect_same(steps / 20000.0);  // every second one is a tie
+    expect_same(steps / 3000.0);
+    expect_same(steps * 1000003.0 / 20000.0);
+  }
+  for (double crowns = 1e-9; crowns < 9e14; crowns *= 1.01) {
+    expect_same(crowns);
+    expect_same(std::nextafter(std::floor(crowns) + 0.00005, 1e15));
+    expect_same(std::nextafter(std::floor(crowns) + 0.00005, 0));
+  }
+}
+
 TEST(NumberTextTest, EveryWholeHalerReadsBackFromItsCurrencyText) {
   for (std::int64_t halere = -50000; halere <= 50000; ++halere) {
     const Money amount = Money::FromUnits(halere * 100);

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace velta {
 
@@ -52,6 +54,15 @@ std::size_t CharacterLength(std::string_view text) {
 
 bool IsUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
+    // Most texts are mostly ASCII, of which eight characters are told at once.
+    std::uint64_t next = 0;
+    if (bytes.size() >= sizeof next) {
+      std::memcpy(&next, bytes.data(), sizeof next);
+      if ((next & 0x8080808080808080U) == 0) {
+        bytes.remove_prefix(sizeof next);
+        continue;
+      }
+    }
     const std::size_t length = CharacterLength(bytes);
     if (length == 0) return false;
     bytes.remove_prefix(length);

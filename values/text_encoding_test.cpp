@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+
 namespace velta {
 namespace {
 
@@ -32,6 +35,17 @@ TEST(TextEncodingTest, KnowsWhatIsNoUtf8) {
       {"a byte that begins nothing", "\xFF"},
   };
   for (const Row& row : rows) EXPECT_FALSE(IsUtf8(row.bytes)) << row.name;
+}
+
+TEST(TextEncodingTest, AWrongByteIsFoundWhereverItStands) {
+  for (std::size_t length = 1; length < 30; ++length) {
+    for (std::size_t position = 0; position < length; ++position) {
+      std::string text(length, 'a');
+      EXPECT_TRUE(IsUtf8(text));
+      text[position] = '\xE8';
+      EXPECT_FALSE(IsUtf8(text)) << position << " of " << length;
+    }
+  }
 }
 
 // The expected texts are written down from the published table of the encoding.

@@ -24,12 +24,15 @@ cp "$package" "$root/tmp/velta.deb"
 in_root "$root" apt-get -qq update
 install_packages /tmp/velta.deb fonts-liberation
 # Before anything else is installed: all that the program needs has come with it.
-for program in velta velta-check-rates; do
+for program in velta velta-batch velta-check-rates; do
   if in_root "$root" ldd "/usr/bin/$program" | grep 'not found'; then fail "$program lacks a library"; fi
 done
 for table in cnb repo; do
   as_user "$root" "velta-check-rates $table /usr/lib/velta/$table.dat"
 done
+interest=$(as_user "$root" "printf 'splatnost;zaplaceno;castka;druh\n10.3.2005;20.6.2005;10000;diskont\n' | velta-batch" |
+  tail -n 1)
+[[ $interest == *';102;Dle Diskontní sazby ČNB;2,5;69,90;10069,90;' ]] || fail "velta-batch computes $interest"
 echo "ok: installed"
 
 install_packages xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick locales poppler-utils
