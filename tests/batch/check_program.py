@@ -128,6 +128,12 @@ class Program(unittest.TestCase):
         done = run("--sazby", str(folder), stdin=HEADER + ROW)
         self.expect(done, 0, HEADER_OUT + ROW_OUT.replace("2,5;69,90;10069,90", "4;111,80;10111,80"), "")
 
+    def test_the_example_of_the_document(self):
+        document = pathlib.Path(__file__).resolve().parents[2] / "docs" / "BATCH.md"
+        blocks = re.findall(r"(?:^    cislo;.*\n)(?:^    .*\n)+", document.read_text(encoding="utf-8"), re.MULTILINE)
+        given, becomes = [re.sub("^    ", "", block, flags=re.MULTILINE) for block in blocks]
+        self.assertEqual(run(stdin=given).stdout, becomes)
+
     def test_usage(self):
         done = run("--rychle")
         told = "velta-batch: neočekávaný argument --rychle\nVolby programu vypíše velta-batch --help\n"
