@@ -35,10 +35,10 @@ void frmPocitejRepo::ShowRefusal(Refusal refusal) const {
 std::optional<Refusal> frmPocitejRepo::PrvniSazba(Money principal) {
   Timer1.Disarm();
   principal_ = principal;
+  if (!rows_.empty()) rate_found_ = false;  // an empty table is not searched
   const std::optional<std::size_t> row = HalfYearRow(rows_, dtpSplatnost);
   if (!row) {
     lstDatum.Select(lstDatum.size() - 1);  // where the search has ended
-    if (!rows_.empty()) rate_found_ = false;
     // An empty table after an earlier success: nothing has been looked for.
     if (!rate_found_) ShowRefusal(Refusal::kNoRate);
     return Refusal::kNoRate;

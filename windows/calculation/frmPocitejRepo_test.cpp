@@ -292,10 +292,12 @@ TEST_F(PocitejRepoTest, APaymentAfterTheTableGetsAMessageAndNoInterest) {
 
 TEST_F(PocitejRepoTest, AMissingJulyOfTheLastYearIsTheCallersError) {
   Load(CrLf({"010120062,00", "010720062,50", "010120071,00"}));
+  Calculate(Day(2006, 3, 15), Day(2006, 5, 20));
   EXPECT_EQ(ErrorOf([&] { Start(Day(2007, 7, 1), Day(2007, 7, 10)); }), 380);
+  EXPECT_FALSE(engine->rate_found());
   EXPECT_THAT(memory.message_box.shown, IsEmpty());
   EXPECT_FALSE(engine->Timer1.armed());
-  EXPECT_THAT(engine->lstOd, IsEmpty());
+  EXPECT_THAT(engine->lstOd, ElementsAre("15.3.2006")) << "the rows of the split before";
 }
 
 TEST_F(PocitejRepoTest, AnEmptyTableAfterASuccessIsSilent) {

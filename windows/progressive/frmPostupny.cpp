@@ -248,12 +248,12 @@ void frmPostupny::ClearTotals() {
 void frmPostupny::cmdNovy_Click() {
   CancelRepo();
   calculations_.SetFinished(false);
-  calculation_.reset();
-  balance_ = payment_ = Money();
   ClearResults();
   ClearTotals();
   for (ui::TextBox& box : txtData) box.SetText("");
   for (ui::ListBox* list : {&List1, &List2, &List3, &List4, &List5}) list->Clear();
+  calculation_.reset();
+  balance_ = payment_ = Money();
   StartReport();
   // The rate box is opened for every kind; choosing a bank kind closes it again.
   for (const std::size_t i : {kTotal, kRate}) {
