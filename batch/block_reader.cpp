@@ -139,8 +139,7 @@ std::size_t BlockReader::FirstOfLastGroup(const Block& block) {
 }
 
 bool BlockReader::Next(Block& block) {
-  block.bytes.clear();
-  block.bytes.swap(rest_);
+  block.bytes.assign(rest_);  // keeps the memory that it had for the block before
   block.ends.clear();
   block.first_line = line_;
   std::size_t records = 0;

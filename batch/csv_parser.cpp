@@ -12,7 +12,7 @@ int IsLf(unsigned char c) { return c == '\n' ? 1 : 0; }
 
 }  // namespace
 
-CsvParser::CsvParser(char separator) {
+CsvParser::CsvParser(char separator) : separator_(separator) {
   if (csv_init(&parser_, CSV_REPALL_NL) != 0) throw std::bad_alloc();
   csv_set_delim(&parser_, static_cast<unsigned char>(separator));
   csv_set_space_func(&parser_, IsCr);
@@ -35,7 +35,24 @@ void CsvParser::Feed(std::string_view bytes) {
   if (taken != bytes.size()) throw std::bad_alloc();  // the only fault that it knows here
 }
 
+void CsvParser::Split(std::string_view line) {
+  if (line.ends_with('\n')) line.remove_suffix(1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  fields_.clear();
+  if (line.empty()) return;
+  for (;;) {
+    const std::size_t end = line.find(separator_);
+    fields_.push_back(line.substr(0, end));
+    if (end == line.npos) return;
+    line.remove_prefix(end + 1);
+  }
+}
+
 bool CsvParser::Take(std::string_view lines) {
+  if (ended_ && lines.find('"') == lines.npos) {
+    Split(lines);
+    return true;
+  }
   if (ended_) {
     ended_ = false;
     text_.clear();

@@ -9,8 +9,9 @@
 
 namespace velta {
 
-/// Takes records of a CSV file (RFC 4180) apart. Quotes and what they may hold, separators and line
-/// ends included, are the library's business; lines end with CR LF or LF.
+/// Takes records of a CSV file (RFC 4180) apart; lines end with CR LF or LF. Quotes and what they
+/// may hold, separators and line ends included, are the library's business. Lines without quotes,
+/// which most are, are cut here: that takes no copy.
 class CsvParser {
  public:
   explicit CsvParser(char separator);
@@ -18,19 +19,22 @@ class CsvParser {
   CsvParser& operator=(const CsvParser&) = delete;
   ~CsvParser();
 
-  /// Takes a line or several, with their line ends. True where a record has ended with them; false
-  /// where a quoted field is still open, which the next lines then go on with.
+  /// Takes a line with its line end, or the several lines that a quoted field spans. True where a
+  /// record has ended with them; false where a quoted field is still open, which the next lines
+  /// then go on with.
   bool Take(std::string_view lines);
 
   /// The fields of the record that Take has ended, without their quotes; they are valid until it is
-  /// called again. An empty line has none.
+  /// called again, and as long as what it took. An empty line has none.
   const std::vector<std::string_view>& fields() const { return fields_; }
 
  private:
   static void OnField(void* bytes, std::size_t size, void* self);
   static void OnRecord(int end, void* self);
+  void Split(std::string_view line);
   void Feed(std::string_view bytes);
 
+  char separator_;
   csv_parser parser_{};
   bool ended_ = true;
   std::string text_;               ///< of all fields, one behind the other

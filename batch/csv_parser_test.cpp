@@ -31,6 +31,8 @@ const RecordRow kRecords[] = {
     {"quotes within", ';', "\"a \"\"b\"\"\";c\n", {"a \"b\"", "c"}},
     {"line ends within", ';', "\"a\r\nb\";c\r\n", {"a\r\nb", "c"}},
     {"a quote in an unquoted field", ';', "5\" disk;c\n", {"5\" disk", "c"}},
+    {"an empty field at the end", ';', "a;\r\n", {"a", ""}},
+    {"no separator", ';', "a\n", {"a"}},
     {"empty line", ';', "\n", {}},
     {"empty line of CR LF", ';', "\r\n", {}},
 };
@@ -51,6 +53,19 @@ TEST(CsvParserTest, AQuotedFieldGoesOnInTheNextLine) {
   EXPECT_THAT(parser.fields(), testing::ElementsAre("1", "a\nb;c\nd", "2"));
   EXPECT_TRUE(parser.Take("3;4\n"));
   EXPECT_THAT(parser.fields(), testing::ElementsAre("3", "4"));
+}
+
+TEST(CsvParserTest, TheLibrarySaysTheSameOfLinesWithoutQuotes) {
+  for (const RecordRow& row : kRecords) {
+    if (row.record.find('"') != std::string::npos || row.fields.empty()) continue;
+    CsvParser parser(row.separator);
+    // A quoted field before it takes the way through the library.
+    ASSERT_TRUE(parser.Take("\"\"" + std::string(1, row.separator) + row.record)) << row.name;
+    const auto& fields = parser.fields();
+    EXPECT_THAT(std::vector<std::string_view>(fields.begin() + 1, fields.end()),
+                ElementsAreArray(row.fields))
+        << row.name;
+  }
 }
 
 }  // namespace

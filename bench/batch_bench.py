@@ -181,7 +181,7 @@ def main(arguments):
         else:
             print("sqlite3: not installed")
         if shutil.which("soffice"):
-            count = min(rows, 20000)
+            count = min(rows, 100000)
             tell("LibreOffice Calc", calc_seconds(folder, count))
             expected = expected[:count]
             differ += compare("LibreOffice Calc", interests(folder / "calc" / f"calc{count}.csv"))
