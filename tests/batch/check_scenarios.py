@@ -20,7 +20,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 SCENARIOS = ROOT / "tests" / "scenarios"
 ROUNDINGS = {"NE": "ne", "halere": "halere", "koruny": "koruny"}
 KINDS = ["% denně", "% ročně", "‰ denně", "‰ ročně", "částka Kč denně", "částka Kč ročně"]
-STEPS = ("click", "type", "set", "date", "pick", "focus", "menu", "close", "wait")
+STEPS = ("click", "type", "typedate", "set", "date", "pick", "focus", "menu", "close", "wait")
 LOOK = [
     "state RoundingMode",
     "get frmJednotlivy.txtReport",
