@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "values/error.h"
+#include "values/power_of_ten.h"
 
 namespace velta {
 
@@ -16,7 +17,7 @@ double Finite(double value) {
 }  // namespace
 
 double RoundUp(double value, int places) {
-  const double scale = std::pow(10.0, places);
+  const double scale = PowerOfTen(places);
   // 0.99 and not 1: what is over a step by less than a hundredth of it costs the debtor nothing.
   const double steps = std::floor(Finite(value * scale + 0.99));
   return Finite(steps / scale);

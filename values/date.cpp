@@ -217,13 +217,17 @@ Date AddDays(Date date, int days) {
 }
 
 Date AddMonths(Date date, int months) {
+  constexpr std::int64_t kFirstMonth = std::int64_t{100} * 12;
+  constexpr std::int64_t kEndOfMonths = std::int64_t{10000} * 12;
   const year_month_day parts(date);
   const std::int64_t month_count = std::int64_t{static_cast<int>(parts.year())} * 12 +
                                    static_cast<unsigned>(parts.month()) - 1 + months;
-  const std::int64_t first = FirstOfMonth(month_count);
-  const std::int64_t same_day = first + static_cast<unsigned>(parts.day()) - 1;
-  const std::int64_t last = FirstOfMonth(month_count + 1) - 1;
-  return CheckedDate(std::min(same_day, last));
+  if (month_count < kFirstMonth || month_count >= kEndOfMonths) {
+    throw Error(ErrorNumber::kBadArgument);
+  }
+  const auto in_range = static_cast<int>(month_count);
+  const auto result = year(in_range / 12) / (in_range % 12 + 1);
+  return result / std::min(parts.day(), (result / std::chrono::last).day());
 }
 
 Date DateFromParts(int year, int month, int day) {

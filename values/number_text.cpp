@@ -13,6 +13,7 @@
 
 #include "values/blanks.h"
 #include "values/error.h"
+#include "values/power_of_ten.h"
 
 namespace velta {
 
@@ -294,7 +295,7 @@ double RoundedTo(double value, int decimals) {
   // Away from a tie the digits need not be written out: neither the product nor the 15 digits are
   // further from the value than a 10^14th of it.
   constexpr double kPrecise = 1e14;
-  const double scale = std::pow(10.0, decimals);
+  const double scale = PowerOfTen(decimals);
   const double scaled = std::abs(value) * scale;
   const double whole = std::floor(scaled);
   const double over_half = scaled - whole - 0.5;
