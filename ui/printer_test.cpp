@@ -10,7 +10,6 @@ namespace velta::ui {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// So many lines, of which those of a block are joined; blocks are [first, last].
 struct Block {
