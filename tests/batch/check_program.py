@@ -238,7 +238,9 @@ class Program(unittest.TestCase):
         self.assertLess(many, few * 1.1 + 1000, f"{few} and {many} KiB")
 
     def test_a_file_without_line_ends_does_not_fill_the_memory(self):
-        limit = 400 << 20
+        # AddressSanitizer needs terabytes of addresses; there the file is only refused.
+        sanitized = b"__asan_init" in pathlib.Path(PROGRAM).read_bytes()
+        limit = resource.RLIM_INFINITY if sanitized else 400 << 20
         done = subprocess.run(
             [PROGRAM, "/dev/zero"], capture_output=True, encoding="utf-8", check=False, timeout=60,
             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (limit, limit)),
