@@ -56,12 +56,7 @@ std::variant<LawfulResult, Refusal> LawfulCalculation(Date due_date, Date paymen
   LawfulResult result;
   result.regulation = terms.regulation;
   SingleResult& calculation = result.calculation;
-  calculation.due_date = due_date;
-  calculation.payment_date = payment_date;
-  calculation.days = DaysBetween(due_date, payment_date);
-  calculation.base_amount = amount;
-  calculation.kind = terms.kind;
-  calculation.rate = terms.rate;
+  calculation = Begin({due_date, payment_date, amount, terms.kind, terms.rate});
   if (terms.kind == RateKind::kRepo) {
     auto periods = LawfulPeriods(tables.repo, due_date, payment_date, amount);
     if (const auto* const refusal = std::get_if<Refusal>(&periods)) return *refusal;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/modPromenne.h"
+#include "values/error.h"
 
 namespace velta {
 
@@ -51,6 +52,8 @@ std::optional<Refusal> frmPocitejRepo::PrvniSazba(Money principal) {
 }
 
 bool frmPocitejRepo::Command2_Click() {
+  // Where no half-year is selected there is no rate: its text is no number.
+  if (lstDatum.selected() == -1) throw Error(ErrorNumber::kTypeMismatch);
   HalfYears split = SplitIntoHalfYears(rows_, static_cast<std::size_t>(lstDatum.selected()),
                                        dtpSplatnost, dtpZaplaceni);
   periods_ = std::move(split.periods);

@@ -36,7 +36,7 @@ class frmPocitejRepo {
 
   /// Splits the delay from dtpSplatnost to dtpZaplaceni into rows, beginning with the selected
   /// half-year, and arms Timer1. Where the table ends before the payment date it shows a message,
-  /// arms nothing and returns false.
+  /// arms nothing and returns false. Where no half-year is selected: Error 13.
   bool Command2_Click();
 
   /// Computes the interest of every row and starts tmrRepo.

@@ -300,6 +300,14 @@ TEST_F(PocitejRepoTest, AMissingJulyOfTheLastYearIsTheCallersError) {
   EXPECT_THAT(engine->lstOd, ElementsAre("15.3.2006")) << "the rows of the split before";
 }
 
+TEST_F(PocitejRepoTest, ASplitWithoutASelectedHalfYearIsTheCallersError) {
+  Load(kThreeYears);
+  engine->dtpSplatnost = Day(2006, 3, 15);
+  engine->dtpZaplaceni = Day(2006, 5, 20);
+  EXPECT_EQ(ErrorOf([&] { engine->Command2_Click(); }), 13);
+  EXPECT_FALSE(engine->Timer1.armed());
+}
+
 TEST_F(PocitejRepoTest, AnEmptyTableAfterASuccessIsSilent) {
   Load(kThreeYears);
   Calculate(Day(2006, 3, 15), Day(2006, 5, 20));
