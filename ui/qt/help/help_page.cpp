@@ -1,6 +1,7 @@
 #include "ui/qt/help/help_page.h"
 
 #include <QMessageBox>
+#include <QRegularExpression>
 
 #include "app/addresses.h"
 #include "app/error_report.h"
@@ -9,6 +10,22 @@
 #include "ui/qt/text.h"
 
 namespace velta::qt {
+
+namespace {
+
+/// The page with blanks at which no line may end, as Czech typography has it: after a one-letter
+/// word, within a number or a day, and between a number and its unit. Tags stay as they are.
+QString Tied(QString page) {
+  static const QRegularExpression kTie(
+      R"((?:(?<=[\s(„>][AIKOSUVZaikosuvz])|(?<=§|č\.)|(?<=\d\.)(?=\s\p{Ll})|)"
+      R"((?<=\d)(?=\s(?:\d{3}\b|Kč|%|‰|Sb\.)))\s(?![^<>]*>))",
+      QRegularExpression::UseUnicodePropertiesOption);
+  const qsizetype body = page.indexOf("<body");
+  if (body < 0) return page;
+  return page.left(body) + page.mid(body).replace(kTie, QString(QChar::Nbsp));
+}
+
+}  // namespace
 
 HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent) {
   constexpr int kMargin = 16;
@@ -26,7 +43,7 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
   if (type == QTextDocument::HtmlResource) loading_ = name;
   const QUrl address = loading_.resolved(name);
   const QByteArray content = file_->Read(address.path());
-  if (type == QTextDocument::HtmlResource) return QString::fromUtf8(content);
+  if (type == QTextDocument::HtmlResource) return Tied(QString::fromUtf8(content));
   return content;
 }
 
