@@ -20,7 +20,7 @@ class ErrorReport {
   explicit ErrorReport(ui::MessageBox& message_box) : message_box_(message_box) {}
 
   /// Runs `body`. Where it throws, the rest of it is skipped and the report shown once, under the
-  /// routine's own name: "Chyba 13 (Nesouhlas typů) v proceduře" CR LF
+  /// routine's own name: "Chyba 13 (Neshoda typů) v proceduře" CR LF
   /// "(cmdPridat_Click) of (frmPostupny.frm).". Returns whether `body` ran to its end.
   template <class Body>
   bool Trap(std::string_view procedure, std::string_view unit, Body&& body) {

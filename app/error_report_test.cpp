@@ -57,7 +57,7 @@ TEST_F(ErrorReportTest, TheInnerRoutineReportsAndTheOuterGoesOn) {
   EXPECT_TRUE(outer_went_on);
   ASSERT_EQ(message_box_.shown.size(), 1U);
   EXPECT_EQ(message_box_.shown[0].text,
-            "Chyba 13 (Nesouhlas typů) v proceduře\r\n(UdelejVypocet) of (frmPostupny.frm).");
+            "Chyba 13 (Neshoda typů) v proceduře\r\n(UdelejVypocet) of (frmPostupny.frm).");
 }
 
 TEST_F(ErrorReportTest, AnUntrappedErrorNamesNoRoutine) {

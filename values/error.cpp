@@ -18,7 +18,7 @@ std::string ErrorDescription(ErrorNumber number) {
     case ErrorNumber::kDivisionByZero:
       return "Dělení nulou";
     case ErrorNumber::kTypeMismatch:
-      return "Nesouhlas typů";
+      return "Neshoda typů";
     case ErrorNumber::kBadFileName:
       return "Chybné jméno souboru";
     case ErrorNumber::kFileNotFound:

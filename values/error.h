@@ -38,7 +38,7 @@ class Error : public std::exception {
   ErrorNumber number_;
 };
 
-/// The Czech description, as it stands in the brackets of the report: "Nesouhlas typů".
+/// The Czech description, as it stands in the brackets of the report: "Neshoda typů".
 std::string ErrorDescription(ErrorNumber number);
 
 /// The number for whatever was thrown: an Error's own; 7 for exhausted memory; 9 for an index

@@ -20,7 +20,7 @@ constexpr DescriptionRow kDescriptions[] = {
     {7, "Nedostatek paměti"},
     {9, "Index mimo rozsah"},
     {11, "Dělení nulou"},
-    {13, "Nesouhlas typů"},
+    {13, "Neshoda typů"},
     {52, "Chybné jméno souboru"},
     {53, "Soubor nebyl nalezen"},
     {57, "Chyba vstupně-výstupního zařízení"},

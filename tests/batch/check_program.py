@@ -120,7 +120,7 @@ class Program(unittest.TestCase):
         folder = self.folder / "cnb.dat"
         (folder / "repo.dat").write_text("0101200x2,50\r\n")
         done = run("--sazby", str(folder), stdin=HEADER + ROW)
-        told = "tabulky sazeb nelze přečíst (Nesouhlas typů); zkontroluje je velta-check-rates"
+        told = "tabulky sazeb nelze přečíst (Neshoda typů); zkontroluje je velta-check-rates"
         self.expect(done, 2, "", f"velta-batch: {folder}: {told}\n")
         # Others than the program's are taken.
         (folder / "cnb.dat").write_text("01.01.2005         " + " " * 20 + "2,00" + " " * 17 + "4,00\r\n")

@@ -599,6 +599,19 @@ TEST(CzechTextsTest, TranslatesWhatQtLeavesInEnglish) {
             "Neslučitelné nastavení strany");
 }
 
+TEST(CzechTextsTest, HyphenBetweenTwoPagesIsNotCalledADash) {
+  const CzechTexts texts;
+  for (const char* source :
+       {"Specify pages or ranges separated by commas. Ranges are specified by two numbers "
+        "separated by a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
+        "%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' "
+        "to define ranges and make sure ranges do not intersect with each other."}) {
+    const QString text = texts.translate("QPrintDialog", source, nullptr, -1);
+    EXPECT_TRUE(text.contains("se spojovníkem")) << text.toStdString();
+    EXPECT_FALSE(text.contains("pomlčk")) << text.toStdString();
+  }
+}
+
 TEST(CzechTextsTest, LeavesTheRestToQt) {
   const CzechTexts texts;
   EXPECT_TRUE(texts.translate("QPrintDialog", "Copies", nullptr, -1).isNull());

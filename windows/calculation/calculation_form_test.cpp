@@ -433,7 +433,7 @@ TEST_P(CalculationFormTest, EmptyDiscountTableIsReportedByTheEngineAlone) {
   Open();
   EXPECT_THAT(Shown(), IsEmpty()) << "an empty table is no error when it is loaded";
   Compute(Day(2004, 1, 15), Day(2004, 6, 20), "5000", kDiscount, "");
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                    "(StanoveniPrvniSazby) of (frmPocitejCNB.frm)."));
   EXPECT_FALSE(state().CalculationFinished);
   EXPECT_EQ(Report(), tested().empty_report);

@@ -124,7 +124,7 @@ TEST_F(PocitejCnbTest, AMalformedRowIsReportedAndEndsTheReading) {
   Load(CrLf({CnbLine("01.01.2003", "30.01.2003", "1,75", "3,50"),
              CnbLine("leden 2003", "25.06.2003", "1,50", "3,00"),
              CnbLine("26.06.2003", "", "1,25", "2,50")}));
-  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                      "(Form_Load) of (frmPocitejCNB.frm)."));
   EXPECT_THAT(Texts(0), ElementsAre("1.1.2003"));
   EXPECT_THAT(Texts(3), ElementsAre("3,50"));
@@ -136,7 +136,7 @@ TEST_F(PocitejCnbTest, AnEmptyFileIsNoErrorUntilARateIsAskedFor) {
 
   engine.Text1 = "1.1.2003";
   EXPECT_FALSE(engine.StanoveniPrvniSazby());
-  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                      "(StanoveniPrvniSazby) of (frmPocitejCNB.frm)."));
 }
 
@@ -237,7 +237,7 @@ TEST_F(PocitejCnbTest, AStartThatIsNoDateIsReported) {
   engine.txtVyseSazby = "5";
   engine.Text1 = "včera";
   EXPECT_FALSE(engine.StanoveniPrvniSazby());
-  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                      "(StanoveniPrvniSazby) of (frmPocitejCNB.frm)."));
   EXPECT_EQ(program.state.EngineRate, 5.0F);
   EXPECT_EQ(engine.txtVyseSazby, "5");
@@ -386,7 +386,7 @@ TEST_F(PocitejCnbTest, AnAmountThatIsNoNumberIsReportedAndTheOutputsStay) {
   engine.lblPocetDnu = "7";
   engine.lblPenale = "1,5";
   Compute("1.3.2004", "31.3.2004", "abc");
-  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                      "(Command1_Click) of (frmPocitejCNB.frm)."));
   EXPECT_EQ(engine.lblPocetDnu, "7");
   EXPECT_EQ(engine.lblPenale, "1,5");
@@ -396,7 +396,7 @@ TEST_F(PocitejCnbTest, AnAmountThatIsNoNumberIsReportedAndTheOutputsStay) {
 TEST_F(PocitejCnbTest, AnEndThatIsNoDateIsReported) {
   Load(kFourRows);
   Compute("1.3.2004", "zítra", "10000");
-  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Reports(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                      "(Command1_Click) of (frmPocitejCNB.frm)."));
 }
 

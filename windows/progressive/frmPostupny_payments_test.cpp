@@ -54,7 +54,7 @@ TEST_P(RefusedTest, IsToldAndLeavesTheInvoiceOpen) {
 }
 
 constexpr const char* kNotANumber =
-    "Chyba 13 (Nesouhlas typů) v proceduře\r\n(cmdPridat_Click) of (frmPostupny.frm).";
+    "Chyba 13 (Neshoda typů) v proceduře\r\n(cmdPridat_Click) of (frmPostupny.frm).";
 constexpr const char* kOverflow =
     "Chyba 6 (Přetečení) v proceduře\r\n(cmdPridat_Click) of (frmPostupny.frm).";
 

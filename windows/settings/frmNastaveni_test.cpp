@@ -602,7 +602,7 @@ TEST_F(frmNastaveniTest, GarbledRepoTableIsReportedAfterItsGoodRows) {
   folder_.Write("repo.dat", CrLf({"010120052,50", "nesmysl", "010120062,00"}));
   memory_.program_folder.path = folder_.path();
   const frmNastaveni& window = Open();
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                    "(Form_Load) of (frmNastaveni.frm)."));
   EXPECT_THAT(window.lstRepo.items(), ElementsAre("1.1.2005\t\t\t\t9,5"));
   EXPECT_EQ(window.lstRepo.index(), -1);

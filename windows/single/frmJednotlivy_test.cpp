@@ -319,7 +319,7 @@ TEST_F(frmJednotlivyTest, EmptyTablesAreToldWithEveryChangeAndTypedRatesWork) {
   form_->txtDluznaCastka.UserEdit("10000");
   form_->dtpSplatnost.UserPick(Day(2005, 3, 10));
   form_->cboDruhSazby.UserPick(kDiscount);
-  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Nesouhlas typů) v proceduře\r\n"
+  EXPECT_THAT(Shown(), ElementsAre("Chyba 13 (Neshoda typů) v proceduře\r\n"
                                    "(StanoveniPrvniSazby) of (frmPocitejCNB.frm)."));
   form_->dtpSplatnost.UserPick(Day(2005, 5, 10));
   EXPECT_THAT(Shown(), ElementsAre(kToRepo, kNoRate, kNoRate))
