@@ -6,16 +6,23 @@
 An example is a table of the class "priklad". Each row is a label and what is entered there or comes out. In a
 single calculation every column is a case of its own; in a progressive one ("Celková částka") every column is a
 payment. A cell over several columns counts for each of them. Inputs are entered in the order of the rows.
+
+The program takes every payment off the debt. What the interest is where each settles the interest first, a text of
+the class "zakonne-poradi" says of its page's first progressive example with a typed yearly rate; that is worked out
+here, and README.md has the same.
 """
 
+import datetime
 import decimal
+import fractions
 import html.parser
 import pathlib
 import re
 import subprocess
 import sys
 
-HELP = pathlib.Path(__file__).resolve().parent.parent / "help"
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+HELP = ROOT / "help"
 KINDS = ["% denně", "% ročně", "‰ denně", "‰ ročně", "Dle Diskontní sazby ČNB", "Dle Repo sazby ČNB"]
 ROUNDINGS = {"Nezaokrouhlovat": "NE", "Na 10 hal nahoru": "halere", "Na korunu nahoru": "koruny"}
 ROUNDING = "Zaokrouhlení částky penále"
@@ -50,6 +57,7 @@ PAYMENT_RESULTS = {
     "Úrok z prodlení": "frmPostupny.List4.item({})",
 }
 TOTAL = "Úrok z prodlení celkem"
+STATUTORY_ORDER = re.compile(r'class="zakonne-poradi">([^<]*)')
 
 
 class Examples(html.parser.HTMLParser):
@@ -160,6 +168,44 @@ def progressive_case(table):
     return case
 
 
+def day(text):
+    return datetime.datetime.strptime(text, "%d.%m.%Y")
+
+
+def interest_settled_first(table):
+    """The interest on an invoice at a yearly rate in per cent, of which each payment settles first the interest due
+    until then and then the debt; the last one pays what is left. No interest bears interest, 365 days are a year."""
+    daily = fractions.Fraction(number(table["Výše sazby"][0])) / 100 / 365
+    debt = fractions.Fraction(number(table["Celková částka"][0]))
+    since = day(table["Datum splatnosti"][0])
+    interest = owed = 0
+    for paid, amount in zip(table["Datum částečné úhrady"], table["Výše částečné úhrady"], strict=True):
+        accrued = debt * daily * (day(paid) - since).days
+        interest += accrued
+        settled = min(owed + accrued, fractions.Fraction(number(amount)))
+        owed += accrued - settled
+        debt -= fractions.Fraction(number(amount)) - settled
+        since = day(paid)
+    return interest
+
+
+def statutory_order_mistakes(pages):
+    """Of all pages that tell the figure; that none does is a mistake too."""
+    readme = " ".join((ROOT / "README.md").read_text(encoding="utf-8").split())
+    told = 0
+    for page in pages:
+        for text in STATUTORY_ORDER.findall(page.read_text(encoding="utf-8")):
+            told += 1
+            table = next(table for table in Examples(page).tables if {"Celková částka", "Výše sazby"} <= table.keys())
+            right = round(interest_settled_first(table), 2)
+            if fractions.Fraction(number(text)) != right:
+                yield f"{page.name}: {text} in the statutory order instead of {float(right):.2f}"
+            if " ".join(text.split()) not in readme:
+                yield f"README.md does not have the {text} of {page.name}"
+    if not told:
+        yield "no page tells the interest in the statutory order"
+
+
 def main(arguments):
     if len(arguments) != 1:
         print(__doc__, file=sys.stderr)
@@ -168,7 +214,8 @@ def main(arguments):
     known.update(SINGLE_INPUTS, SINGLE_RESULTS, INVOICE_INPUTS, PAYMENT_INPUTS, PAYMENT_RESULTS)
     played = 0
     wrong = 0
-    for page in sorted(HELP.glob("*.html")):
+    pages = sorted(HELP.glob("*.html"))
+    for page in pages:
         for position, table in enumerate(Examples(page).tables, 1):
             cases = [progressive_case(table)] if "Celková částka" in table else single_cases(table)
             mistakes = [f'unknown row "{label}"' for label in table if label not in known]
@@ -179,7 +226,10 @@ def main(arguments):
             for mistake in mistakes:
                 print(f"{page.name}, example {position}: {mistake}")
     print(f"{played} examples, {wrong} tables with mistakes")
-    return 1 if wrong or not played else 0
+    in_prose = list(statutory_order_mistakes(pages))
+    for mistake in in_prose:
+        print(mistake)
+    return 1 if wrong or in_prose or not played else 0
 
 
 if __name__ == "__main__":

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Checks that the messages which the help explains are those that the program shows.
+"""Checks that the messages which the help explains are those that the program shows, and that none is left out.
 
 In the pages they are marked with the class "zprava". In the sources a message is one string, or several one
-after the other; its line breaks count as blanks.
+after the other; its line breaks count as blanks. What users are shown is what the transcripts of the scenarios
+have: hlaseni.html marks some part of each.
 """
 
 import html.parser
@@ -11,6 +12,9 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+EXPLAINED = "hlaseni.html"
+# message ICON "TITLE" "TEXT", or TEXT in lines of their own below
+SHOWN = re.compile(r'^message \w+ "[^"]*"((?:\s+".*"$)+)', re.MULTILINE)
 
 
 class Messages(html.parser.HTMLParser):
@@ -37,7 +41,8 @@ class Messages(html.parser.HTMLParser):
 
 
 def plain(text):
-    return " ".join(text.split())
+    """A text of the sources or of a page in one line."""
+    return " ".join(text.replace(r"\r", " ").replace(r"\n", " ").split())
 
 
 def program_texts():
@@ -47,12 +52,22 @@ def program_texts():
         for source in (ROOT / folder).rglob("*"):
             if source.suffix in (".cpp", ".h") and not source.stem.endswith("_test"):
                 texts.append(source.read_text(encoding="utf-8"))
-    joined = re.sub(r'"\s*"', "", "\n".join(texts))
-    return plain(joined.replace(r"\r", " ").replace(r"\n", " "))
+    return plain(re.sub(r'"\s*"', "", "\n".join(texts)))
+
+
+def shown_texts():
+    """All messages of the transcripts."""
+    texts = set()
+    for transcript in (ROOT / "tests" / "scenarios").glob("*.expected"):
+        for quoted in SHOWN.findall(transcript.read_text(encoding="utf-8")):
+            texts.add(plain("".join(re.findall(r'"(.*)"', quoted))))
+    return texts
 
 
 def main():
     known = program_texts()
+    shown = shown_texts()
+    explained = []
     checked = 0
     wrong = []
     for page in sorted((ROOT / "help").glob("*.html")):
@@ -60,10 +75,15 @@ def main():
             checked += 1
             if text not in known:
                 wrong.append(f'{page.name}: the program does not say "{text}"')
+            if page.name == EXPLAINED:
+                explained.append(text)
+    for message in sorted(shown):
+        if not any(text in message for text in explained):
+            wrong.append(f"{EXPLAINED} does not explain: {message}")
     for line in wrong:
         print(line)
-    print(f"{checked} messages, {len(wrong)} unknown")
-    return 1 if wrong or not checked else 0
+    print(f"{checked} messages in the help, {len(shown)} in the scenarios, {len(wrong)} mistakes")
+    return 1 if wrong or not checked or not shown else 0
 
 
 if __name__ == "__main__":
