@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Makes VELTA.CHM, the compiled help, from the pages beside this script.
+"""Makes VELTA.CHM, the compiled help, from the pages and pictures beside this script and pictures drawn elsewhere.
 
-  make_chm.py OUTPUT
+  make_chm.py OUTPUT [PICTURE.png]...
 
 The file is of version 3 of its format and holds everything uncompressed, in its section 0. The same sources
 give the same file, byte by byte: instead of the time its head bears a stamp of the content, by which Velta
@@ -127,7 +127,7 @@ def section_names():
     return struct.pack("<H", len(names) // 2 + 1) + names
 
 
-def stored_files():
+def stored_files(drawn):
     """The content of everything in the help file by its name there; that of folders is empty."""
     pages = {path.name: Page(path) for path in FOLDER.glob("*.html")}
     strings, numbers = context_tables(pages)
@@ -143,6 +143,8 @@ def stored_files():
     for pattern in ("*.html", "*.css", "pictures/*.png"):
         for path in FOLDER.glob(pattern):
             files[f"/{path.relative_to(FOLDER).as_posix()}"] = path.read_bytes()
+    for path in drawn:
+        files[f"/pictures/{path.name}"] = path.read_bytes()
     return files
 
 
@@ -199,10 +201,11 @@ def chm(files):
 
 
 def main(arguments):
-    if len(arguments) != 1:
+    if not arguments:
         print(__doc__, file=sys.stderr)
         return 2
-    pathlib.Path(arguments[0]).write_bytes(chm(stored_files()))
+    output, *drawn = [pathlib.Path(argument) for argument in arguments]
+    output.write_bytes(chm(stored_files(drawn)))
     return 0
 
 
