@@ -27,11 +27,11 @@ expect "the page of F1 in the single calculation" "$single_page" help_titles
 sleep 0.3
 picture 2-single
 press Tab Return  # the first link
-expect "the page behind the link" "Zákonná sazba podle dne, kdy prodlení začalo – $start_page" help_titles
+expect "the page behind the link" "Zákonná sazba podle data splatnosti – $start_page" help_titles
 sleep 0.3
 picture 3-lawful-rate
 press ctrl+f
-type_text 2005
+type_text 2013
 press Return Return
 sleep 0.3
 picture 4-found
