@@ -48,7 +48,7 @@ std::string WriteReason(int error) {
     case EDQUOT:
       return "výstup nelze zapsat: na disku není místo";
     case EPIPE:
-      return "výstup nelze zapsat: ten, kdo jej četl, skončil dříve";
+      return "výstup nelze zapsat: program, který jej četl, skončil dřív";
     default:
       return "výstup nelze zapsat: " + ErrorDescription(ErrorNumber::kDeviceError);
   }

@@ -41,7 +41,7 @@ Sloupce vstupu, v libovolném pořadí (UTF-8, první řádek je hlavička):
 Ostatní sloupce zůstanou, jak jsou. Přibudou dny, regim, sazba_pouzita, urok, celkem a chyba,
 s volbou --podrobne před nimi od a do.
 
-Konec: 0 vše spočítáno, 1 některé řádky nelze spočítat (důvod je ve sloupci chyba), 2 soubor
+Návratový kód: 0 vše spočítáno, 1 některé řádky nelze spočítat (důvod je ve sloupci chyba), 2 soubor
 nebo tabulky nelze číst, výstup nelze zapsat nebo jsou chybné volby.
 )";
 
@@ -106,7 +106,7 @@ std::string Reason(const CLI::ParseError& error, const CLI::App& app) {
     if (text.find(':') != text.npos)
       return "volbě " + text.substr(0, text.find(':')) + " chybí hodnota";
   }
-  return "volbám nelze rozumět";
+  return "volby nejsou srozumitelné";
 }
 
 }  // namespace

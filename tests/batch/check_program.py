@@ -160,7 +160,7 @@ class Program(unittest.TestCase):
             process.stdout.close()
             told = process.stderr.read().decode()
             self.assertEqual(process.wait(60), 2)
-        self.assertEqual(told, "velta-batch: výstup nelze zapsat: ten, kdo jej četl, skončil dříve\n")
+        self.assertEqual(told, "velta-batch: výstup nelze zapsat: program, který jej četl, skončil dřív\n")
 
     def test_no_output_at_all(self):
         done = subprocess.run(
