@@ -41,8 +41,8 @@ Sloupce vstupu, v libovolném pořadí (UTF-8, první řádek je hlavička):
 Ostatní sloupce zůstanou, jak jsou. Přibudou dny, regim, sazba_pouzita, urok, celkem a chyba,
 s volbou --podrobne před nimi od a do.
 
-Návratový kód: 0 vše spočítáno, 1 některé řádky nelze spočítat (důvod je ve sloupci chyba), 2 soubor
-nebo tabulky nelze číst, výstup nelze zapsat nebo jsou chybné volby.
+Návratový kód: 0 vše spočítáno, 1 některé řádky nelze spočítat (důvod je ve sloupci chyba),
+2 soubor nebo tabulky nelze číst, výstup nelze zapsat nebo jsou chybné volby.
 )";
 
 /// A value that an option may have, and what it means.
