@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # make_pictures.sh PROGRAM
-# Takes the help's pictures anew, from the real program on a virtual screen: one for each window, named after it.
-# It is run by hand after a window has changed. Look at what has come out.
+# Takes the help's pictures anew, from the real program on a virtual screen: one for each window, named after it. And
+# the README's, of the main window. It is run by hand after a window has changed. Look at what has come out.
 folder=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 # shellcheck source=tests/gui/desktop.sh
@@ -19,16 +19,24 @@ main_window() {
     sed -nE 's/^ *(Absolute upper-left [XY]|Width|Height): +//p' | paste -sd ' '
 }
 
-# keep NAME LEFT TOP WIDTH HEIGHT: that part of the screen becomes the picture of that name, no wider than a
-# page beside the contents and in few colours.
+# framed LEFT TOP WIDTH HEIGHT: those of the main window become those of its frame
+framed() {
+  local left right top bottom
+  IFS=', ' read -r left right top bottom < <(xprop -id "$(open_windows main)" _NET_FRAME_EXTENTS | sed 's/.*= //')
+  echo $(($1 - left)) $(($2 - top)) $(($3 + left + right)) $(($4 + top + bottom))
+}
+
+# keep FILE SIZE LEFT TOP WIDTH HEIGHT: that part of the screen becomes the picture, in few colours.
 keep() {
   sleep 0.5  # until it is painted
-  picture "$1"
-  convert "$work/$1.png" -crop "$4x$5+$2+$3" +repage -filter Lanczos -resize '620x>' -dither None -colors 128 \
-    -strip -define png:exclude-chunks=date,time -define png:compression-level=9 \
-    "PNG8:$folder/pictures/$1.png"
+  picture kept
+  convert "$work/kept.png" -crop "$5x$6+$3+$4" +repage -filter Lanczos -resize "$2" -dither None -colors 128 \
+    -strip -define png:exclude-chunks=date,time -define png:compression-level=9 "PNG8:$1"
   echo "kept: $1"
 }
+
+# keep_page NAME LEFT TOP WIDTH HEIGHT: as the help's picture of that name, no wider than a page beside the contents
+keep_page() { keep "$folder/pictures/$1.png" '620x>' "${@:2}"; }
 
 # keep_window NAME: the window that stands inside the main window now; found by what differs from no window
 keep_window() {
@@ -42,7 +50,7 @@ keep_window() {
   IFS='x+' read -r width height left top <<<"$box"
   left=$((main_left + left))
   top=$((main_top + TOP + top))
-  keep "$1" "$left" "$top" "$width" "$height"
+  keep_page "$1" "$left" "$top" "$width" "$height"
 }
 
 # close_window: by its button; until the menus have the keys
@@ -71,13 +79,18 @@ close_window
 
 # The single calculation, with the example of its page
 open_calculation
-fill 10.3.2005
+fill 15.3.2026
 press Tab
-fill 20.6.2005
+fill 20.11.2026
 press Tab
-fill '10 000'
-press Tab Down Down Down Tab
+fill '100 000'
+press Tab Tab
+fill 11,5
+press End
 keep_window frmJednotlivy
+read -r left top width height < <(main_window)
+read -r left top width height < <(framed "$left" "$top" "$width" "$height")
+keep "$folder/../docs/velta.png" '100%' "$left" "$top" "$width" "$height"
 close_window
 
 # The progressive calculation, with the first example of its page
@@ -113,4 +126,4 @@ xdotool windowsize --sync "$(open_windows main)" 760 330
 press alt+v
 wait_until "the menu is open" is_open popup
 read -r left top width height < <(main_window)
-keep frmMenu "$left" "$top" "$width" "$height"
+keep_page frmMenu "$left" "$top" "$width" "$height"

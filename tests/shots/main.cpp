@@ -65,7 +65,7 @@ class Shots {
  public:
   Shots(QString folder, bool maximized) : folder_(std::move(folder)), maximized_(maximized) {
     memory_.program_folder.path = VELTA_SOURCE_DIR "/data";
-    memory_.clock.now.day = Day(2005, 6, 20);
+    memory_.clock.now.day = Day(2026, 11, 20);
     Store("Nazev", "Dřevovýroba Horní Lhota, společnost s ručením omezeným");
     Store("Ulice", "Průmyslová 1472/16a");
     Store("PSC", "530 03");
@@ -97,16 +97,14 @@ class Shots {
   void SingleWindow() {
     Open("frmJednotlivy");
     Keep("frmJednotlivy-empty");
-    PickDay("dtpZaplaceni", Day(2022, 5, 20));
-    PickDay("dtpSplatnost", Day(2022, 3, 10));
+    PickDay("dtpSplatnost", Day(2026, 3, 15));
+    PickDay("dtpZaplaceni", Day(2026, 11, 20));
     Keep("frmJednotlivy-lawful-rate");
-    PickDay("dtpSplatnost", Day(2005, 3, 10));
-    PickDay("dtpZaplaceni", Day(2005, 6, 20));
-    Pick("cboDruhSazby", 4);
-    Type("txtDluznaCastka", "10000");
+    Type("txtDluznaCastka", "100000");
+    Type("txtVyseSazby", "11,5");
     Keep("frmJednotlivy");
-    PickDay("dtpZaplaceni", Day(2008, 6, 20));
     PickDay("dtpSplatnost", Day(2005, 5, 1));
+    PickDay("dtpZaplaceni", Day(2008, 6, 20));
     Pick("cboDruhSazby", 5);
     Type("txtDluznaCastka", "12345678901234,5");
     Keep("frmJednotlivy-repo");
