@@ -1,5 +1,6 @@
 #include "ui/qt/help/help_page.h"
 
+#include <QImage>
 #include <QMessageBox>
 #include <QRegularExpression>
 
@@ -42,6 +43,11 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
   if (file_ == nullptr) return {};
   if (type == QTextDocument::HtmlResource) loading_ = name;
   const QUrl address = loading_.resolved(name);
+  if (type == QTextDocument::ImageResource && devicePixelRatioF() > 1) {
+    auto sharp = QImage::fromData(file_->Read(address.path().replace(".png", "@2x.png")));
+    sharp.setDevicePixelRatio(2);
+    if (!sharp.isNull()) return sharp;
+  }
   const QByteArray content = file_->Read(address.path());
   if (type == QTextDocument::HtmlResource) return Tied(QString::fromUtf8(content));
   return content;

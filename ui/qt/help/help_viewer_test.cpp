@@ -349,6 +349,28 @@ TEST_F(HelpViewerTest, ContentsNamesEveryPageByItsTitle) {
   EXPECT_EQ(pages, QDir(VELTA_SOURCE_DIR "/help").entryList({"*.html"}, QDir::Files, QDir::Name));
 }
 
+TEST_F(HelpViewerTest, DrawingIsAsSharpAsTheScreenAndNoLarger) {
+  QTextBrowser& page = Page(OpenTopic(70));
+  const QUrl name("/pictures/rates.png");
+  for (const char* size : {"", "width='620'", "width='620' height='340'"}) {
+    page.setHtml(QString("<img src='%1' %2>").arg(name.path(), size));
+    const QVariant shown = page.document()->resource(QTextDocument::ImageResource, name);
+    const auto picture =
+        shown.canConvert<QImage>() ? shown.value<QImage>() : QImage::fromData(shown.toByteArray());
+    EXPECT_EQ(picture.width(), page.devicePixelRatioF() > 1 ? 1240 : 620) << size;
+    const QSizeF drawn = page.document()->size();
+    const double margins = 2 * page.document()->documentMargin();
+    EXPECT_EQ(page.document()->idealWidth() - margins, 620) << size;
+    EXPECT_NEAR(drawn.height() - margins, 340, 10) << size << ", and the line that it stands on";
+  }
+}
+
+TEST_F(HelpViewerTest, PictureOfAWindowIsThereOnASharpScreenToo) {
+  QTextBrowser& page = Page(OpenTopic(70));
+  page.setHtml("<img src='/pictures/frmJednotlivy.png'>");
+  EXPECT_EQ(page.document()->idealWidth() - 2 * page.document()->documentMargin(), 620);
+}
+
 /// Each piece of text or picture on a page.
 void ForEachFragment(const QTextDocument& page, const std::function<void(QTextFragment)>& visit) {
   for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
