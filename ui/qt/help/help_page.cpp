@@ -15,10 +15,12 @@ namespace velta::qt {
 namespace {
 
 /// The page with blanks at which no line may end, as Czech typography has it: after a one-letter
-/// word, within a number or a day, and between a number and its unit. Tags stay as they are.
+/// word, within a number or a day, between a number and its unit, after a unit. Tags stay as they
+/// are.
 QString Tied(QString page) {
   static const QRegularExpression kTie(
-      R"((?:(?<=[\s(„>][AIKOSUVZaikosuvz])|(?<=§|č\.)|(?<=\d\.)(?=\s\p{Ll})|)"
+      R"((?:(?<=[\s(„>][AIKOSUVZaikosuvz])|(?<=§|č\.)|(?<=[%‰])(?=\s\p{Ll})|)"
+      R"((?<=\d\.)(?=\s\p{Ll})|)"
       R"((?<=\d)(?=\s(?:\d{3}\b|Kč|%|‰|Sb\.)))\s(?![^<>]*>))",
       QRegularExpression::UseUnicodePropertiesOption);
   const qsizetype body = page.indexOf("<body");

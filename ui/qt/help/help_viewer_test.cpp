@@ -382,7 +382,7 @@ TEST_F(HelpViewerTest, NoLineEndsAfterAOneLetterWordOrWithinANumber) {
   ASSERT_TRUE(viewer_.OpenContents(file_));
   QTextBrowser& page = Page(Window());
   const QRegularExpression apart(
-      R"(\b[aikosuvz] |§ |\bč\. |\d\. \p{Ll}|\d (\d{3}\b|Kč|%|‰))",
+      R"(\b[aikosuvz] |§ |\bč\. |[%‰] (ročně|denně)|\d\. \p{Ll}|\d (\d{3}\b|Kč|%|‰))",
       QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
   int tied = 0;
   ForEachItem(Window(), [&](QTreeWidgetItem* item) {
